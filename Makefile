@@ -1,0 +1,63 @@
+# Every target installs what it needs first (scripts/bootstrap); `make` alone lists the targets.
+SHELL := /bin/bash
+.DEFAULT_GOAL := help
+.PHONY: help run test build bench sanitize fuzz format lint clean
+
+JOBS ?= $(shell nproc)
+FUZZ_SECONDS ?= 60
+CTEST = ctest --output-on-failure --no-tests=error -j$(JOBS)
+
+help: ## list the targets
+	@grep -hE '^[a-z]+:.*##' $(MAKEFILE_LIST) | awk -F ':.*## ' '{ printf "  make %-9s %s\n", $$1, $$2 }'
+
+run: build ## build, then compute the contact travel of bundled parts
+	@scripts/run-demo build/release
+
+build: ## build the libraries and the driver into build/release
+	@scripts/bootstrap build
+	@cmake --preset release > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
+	@cmake --build build/release -j$(JOBS) --target orvex
+
+test: ## build everything, run all tests, again under the address and undefined-behaviour sanitizers
+	@scripts/bootstrap build test
+	cmake --preset release
+	cmake --build build/release -j$(JOBS)
+	cmake --preset asan
+	cmake --build build/asan -j$(JOBS)
+	$(CTEST) --test-dir build/asan
+	$(CTEST) --test-dir build/release
+
+bench: ## measure the hot paths against what one would take instead
+	@scripts/bootstrap build bench
+	cmake --preset bench
+	cmake --build build/bench -j$(JOBS)
+	scripts/run-benchmarks build/bench
+
+sanitize: ## the tests under the address, undefined-behaviour and thread sanitizers
+	@scripts/bootstrap build test
+	cmake --preset asan
+	cmake --build build/asan -j$(JOBS)
+	$(CTEST) --test-dir build/asan
+	cmake --preset tsan
+	cmake --build build/tsan -j$(JOBS)
+	$(CTEST) --test-dir build/tsan
+
+fuzz: ## run every fuzzer for FUZZ_SECONDS (60)
+	@scripts/bootstrap build fuzz
+	cmake --preset fuzz
+	cmake --build build/fuzz -j$(JOBS) --target fuzzers
+	scripts/run-fuzzers build/fuzz $(FUZZ_SECONDS)
+
+format: ## format the sources
+	@scripts/bootstrap lint
+	git ls-files '*.h' '*.cpp' | xargs clang-format -i
+
+lint: ## check format, class lists, scripts, and run the static analyser
+	@scripts/bootstrap build test lint
+	git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
+	scripts/check-classes
+	cmake --preset dev
+	git ls-files 'Base/*.cpp' 'KTLOxu*/*.cpp' 'frontends/*.cpp' | xargs -P$(JOBS) -n 4 clang-tidy -p build/dev --quiet
+
+clean: ## remove the build folder
+	rm -rf build

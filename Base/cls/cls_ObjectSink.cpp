@@ -1,0 +1,3 @@
+#include <cls_ObjectSink.h>
+
+cls_ObjectSink::~cls_ObjectSink() = default;

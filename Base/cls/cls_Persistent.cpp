@@ -1,0 +1,3 @@
+#include <cls_Persistent.h>
+
+cls_Persistent::~cls_Persistent() = default;

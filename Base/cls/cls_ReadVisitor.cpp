@@ -1,0 +1,3 @@
+#include <cls_ReadVisitor.h>
+
+cls_ReadVisitor::~cls_ReadVisitor() = default;

@@ -1,0 +1,11 @@
+#include "Plugin.h"
+
+PluginGlobal* Plugin_Global()
+{
+    return &omi_Singleton<PluginGlobal>::Instance();
+}
+
+PluginLocal* Plugin_Local()
+{
+    return &thr_ThreadSingleton<PluginLocal>::Instance();
+}

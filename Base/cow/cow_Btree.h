@@ -110,6 +110,17 @@ public:
     int Length() const noexcept { return store_ ? store_->length : 0; }
     bool IsEmpty() const noexcept { return Length() == 0; }
     bool IsMember(const K& key) const { return PlaceOf(key).found; }
+    /// The place of the key in the order, -1 when it is not there.
+    int IndexOf(const K& key) const
+    {
+        const Place place = PlaceOf(key);
+        if (!place.found)
+            return -1;
+        std::size_t before = 0;
+        for (std::size_t i = 0; i < place.block; ++i)
+            before += store_->blocks[i].size();
+        return static_cast<int>(before + place.index);
+    }
 
     /// Null when the key is not there.
     const V* Find(const K& key) const

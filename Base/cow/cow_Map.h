@@ -50,6 +50,13 @@ public:
             store_.template Change<true>([&](Store& store) { store.Append(key, value); });
     }
 
+    /// Makes room for `count` pairs; the map's own storage, so a shared map detaches.
+    void Reserve(int count)
+    {
+        if (count > 0)
+            store_.Write().entries.reserve(static_cast<std::size_t>(count));
+    }
+
     /// False when the key is not there.
     bool Remove(const K& key)
     {

@@ -27,8 +27,10 @@ public:
     }
     ~cow_Shared()
     {
+#ifndef __clang_analyzer__ // it does not follow the count, and takes every handle for the last one
         if (body_ && body_->count.Release())
             delete body_;
+#endif
     }
 
     /// Gives the value for writing: made when there is none, copied when others share it.
@@ -57,11 +59,23 @@ public:
         std::swap(body_, fresh.body_);
     }
 
-    const V* Get() const noexcept { return body_ ? &body_->value : nullptr; }
+    const V* Get() const noexcept
+    {
+        return body_ ? &body_->value : nullptr;
+    }
     /// REQUIRES: there is a value.
-    const V* operator->() const noexcept { return &body_->value; }
-    explicit operator bool() const noexcept { return body_ != nullptr; }
-    bool SharesWith(const cow_Shared& other) const noexcept { return body_ == other.body_; }
+    const V* operator->() const noexcept
+    {
+        return &body_->value;
+    }
+    explicit operator bool() const noexcept
+    {
+        return body_ != nullptr;
+    }
+    bool SharesWith(const cow_Shared& other) const noexcept
+    {
+        return body_ == other.body_;
+    }
 
 private:
     struct Body

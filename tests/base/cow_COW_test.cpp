@@ -209,7 +209,7 @@ TEST(cow_CountedHld, SharesAndNeverClones)
     const int cloned = Shape::cloned;
     {
         const cow_CountedHld<Shape> a(new Square);
-        const cow_CountedHld<Shape> b = a;
+        const cow_CountedHld<Shape> b = a; // NOLINT(performance-unnecessary-copy-initialization)
         b->mark = 4;
         (*b).mark += 1;
         EXPECT_EQ(a->mark, 5);

@@ -50,6 +50,8 @@ TYPED_TEST(AnyMap, LooksUp)
     EXPECT_FALSE(map.IsMember(0));
     EXPECT_EQ(map.KeyAt(0), 1);
     EXPECT_EQ(map.ValueAt(2), "three");
+    EXPECT_EQ(map.IndexOf(3), 2);
+    EXPECT_EQ(map.IndexOf(4), -1);
     EXPECT_THAT(map.Keys(), ElementsAre(1, 2, 3));
     EXPECT_TRUE(map.Remove(1));
     EXPECT_FALSE(map.Remove(1));
@@ -143,7 +145,7 @@ TYPED_TEST(AnyMap, AWriteThatThrowsChangesNothing)
                 map.Insert(i * 2, i);
             return map;
         };
-        const Map original = fill();
+        Map original = fill();
         const std::function<Map()> alone = fill;
         const std::function<Map()> shared = [&] { return original; };
         const Tracked key(length + 1); // an odd one, in the middle of the order
@@ -225,7 +227,10 @@ TYPED_TEST(AnyMap, AgreesWithAModelOnRandomWork)
                     pairs.begin(), pairs.end(), model.begin(), model.end(),
                     [](const auto& a, const auto& b) { return a.first == b.first && a.second == b.second; }));
                 for (int i = 0; i < map.Length(); ++i)
+                {
                     ASSERT_EQ(map.Find(map.KeyAt(i)), &map.ValueAt(i));
+                    ASSERT_EQ(map.IndexOf(map.KeyAt(i)), i);
+                }
             }
         }
         EXPECT_GT(removed, 1000);

@@ -33,6 +33,7 @@ void ShareAndDetach(const Handle& original, Write write)
     {
         std::atomic<int> waiting{THREADS};
         std::vector<std::thread> threads;
+        threads.reserve(THREADS);
         std::vector<Handle> handles(THREADS, original);
         Handle fresh = original;
         write(fresh); // a body that only these threads hold

@@ -215,6 +215,7 @@ TEST(omi_Singleton, ManyThreadsMakeOneAndSeeItComplete)
     {
         std::atomic<int> waiting{4};
         std::vector<std::thread> threads;
+        threads.reserve(4);
         for (int t = 0; t < 4; ++t)
             threads.emplace_back([&] {
                 --waiting;

@@ -27,9 +27,12 @@ inline void AddQuad(Mesh& mesh, const Vec& a, const Vec& b, const Vec& c, const 
 /// Twelve triangles, normals outward.
 inline Mesh Box(const Vec& low, const Vec& high)
 {
-    const auto corner = [&](int i) { return Vec{i & 1 ? high[0] : low[0], i & 2 ? high[1] : low[1], i & 4 ? high[2] : low[2]}; };
+    const auto corner = [&](int i) {
+        return Vec{i & 1 ? high[0] : low[0], i & 2 ? high[1] : low[1], i & 4 ? high[2] : low[2]};
+    };
     Mesh mesh;
-    for (const auto& [a, b, c, d] : {std::array{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4}, {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}})
+    for (const auto& [a, b, c, d] :
+         {std::array{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4}, {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}})
         AddQuad(mesh, corner(a), corner(b), corner(c), corner(d));
     return mesh;
 }
@@ -46,7 +49,8 @@ inline Mesh Sphere(const Vec& centre, double radius, int rings)
         const double polar = std::numbers::pi * i / rings;
         const double round = std::numbers::pi * j / rings;
         return Vec{centre[0] + radius * std::sin(polar) * std::cos(round),
-                   centre[1] + radius * std::sin(polar) * std::sin(round), centre[2] + radius * std::cos(polar)};
+                   centre[1] + radius * std::sin(polar) * std::sin(round),
+                   centre[2] + radius * std::cos(polar)};
     };
     Mesh mesh;
     for (int i = 0; i < rings; ++i)
@@ -65,7 +69,8 @@ inline Mesh HeightField(int n, double z, double roughness, unsigned seed)
     for (double& h : heights)
         h = height(random);
     const auto at = [&](int i, int j) {
-        return Vec{double(i), double(j), heights[static_cast<std::size_t>(i) * side + static_cast<std::size_t>(j)]};
+        return Vec{double(i), double(j),
+                   heights[static_cast<std::size_t>(i) * side + static_cast<std::size_t>(j)]};
     };
     Mesh mesh;
     for (int i = 0; i < n; ++i)

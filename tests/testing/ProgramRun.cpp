@@ -38,7 +38,8 @@ ProgramRun::ProgramRun(const std::vector<std::string>& command, const Setting& s
     winsize size = {};
     size.ws_col = 80;
     size.ws_row = 25;
-    if (setting.terminal ? openpty(&err[0], &err[1], nullptr, nullptr, &size) != 0 : pipe2(err, O_CLOEXEC) != 0)
+    if (setting.terminal ? openpty(&err[0], &err[1], nullptr, nullptr, &size) != 0
+                         : pipe2(err, O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe or terminal");
     child_ = fork();
     if (child_ < 0)

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <oxu_Export.h>
+
+/// Starts the 3D view module: enters its component table and declares its metadata. Counted: only the first
+/// call starts, and adds one to running.
+OXU_EXPORT void KTLOxuG3d_initialize(int& running);
+
+/// Counted: only the call that matches the first start stops the module and takes one from running.
+OXU_EXPORT void KTLOxuG3d_finalize(int& running);

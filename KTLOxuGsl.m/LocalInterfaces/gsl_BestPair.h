@@ -1,0 +1,43 @@
+#pragma once
+
+/// The nearest pair of a search so far, against which everything else is pruned.
+///
+/// Of pairs at the same travel above 0 the one with the lowest indices wins, the fixed index first, so that
+/// the order in which a search meets its pairs does not show. At travel 0 a search is over and the first pair
+/// stands.
+class gsl_BestPair
+{
+public:
+    /// Nothing found, and only travels below limit of interest.
+    void Reset(double limit) noexcept { *this = gsl_BestPair(limit); }
+
+    gsl_BestPair() noexcept = default;
+    explicit gsl_BestPair(double limit) noexcept : travel_(limit) {}
+
+    /// True when the pair lowered the travel.
+    bool Offer(double travel, int fixed, int movable) noexcept
+    {
+        const bool lower = travel < travel_;
+        const bool earlier = found_ && travel == travel_ && travel > 0.0 &&
+                             (fixed < fixed_ || (fixed == fixed_ && movable < movable_));
+        if (lower || earlier)
+        {
+            travel_ = travel;
+            fixed_ = fixed;
+            movable_ = movable;
+            found_ = true;
+        }
+        return lower;
+    }
+
+    bool Found() const noexcept { return found_; }
+    double Travel() const noexcept { return travel_; }
+    int Fixed() const noexcept { return fixed_; }
+    int Movable() const noexcept { return movable_; }
+
+private:
+    double travel_ = 0.0;
+    int fixed_ = 0;
+    int movable_ = 0;
+    bool found_ = false;
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+class gsl_BBox;
+
+/// How a node's box is split: the slots of gsl_ModOctreeNode, of which gsl_TriOctreeNode has the first eight.
+///
+/// Slots 0 to 7 are the octants about the centre m, slot = ix + 2 iy + 4 iz, i = 0 for [low, m] and 1 for [m,
+/// high]. Slots 8 to 13 are the half boxes: 8 and 9 below and above m on x, 10 and 11 on y, 12 and 13 on z.
+class gsl_OctreeSplit
+{
+public:
+    static constexpr int OCTANTS = 8;
+    static constexpr int SLOTS = 14;
+
+    explicit gsl_OctreeSplit(const gsl_BBox& box);
+
+    /// slot 0..13.
+    gsl_BBox SlotBox(int slot) const;
+    /// The slot's box is exactly this one.
+    bool IsSlotBox(int slot, const gsl_BBox& box) const;
+    /// The first of the first `slots` slots whose box holds everything from low to high, bounds included, or
+    /// -1. REQUIRES: the node's own box holds it.
+    int FirstSlotHolding(const double low[3], const double high[3], int slots) const noexcept;
+
+private:
+    double bound_[3][3]; // per axis: low, centre, high
+};

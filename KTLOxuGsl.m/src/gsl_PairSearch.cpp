@@ -1,0 +1,236 @@
+#include <algorithm>
+#include <gsl_PairSearch.h>
+#include <gsl_ProceedClock.h>
+#include <utility>
+
+namespace
+{
+// What looking at a pair may cost, in the clock's units.
+constexpr int PAIR_UNITS = 2;
+
+// Parts of this many triangles and fewer are walked to the end at once.
+constexpr int DESCEND_FROM = 128;
+}
+
+struct gsl_PairSearch::Walk
+{
+    gsl_PairSearch& search;
+    gsl_SearchTree& fixed;
+    gsl_SearchTree& movable;
+    const gsl_PairStage& stage;
+    gsl_ProceedClock& clock;
+    gsl_BestPair& best;
+    double slack;
+    double done = 0.0;
+
+    // Whether two boxes can meet before the best pair, and when at the soonest.
+    bool Soonest(const gsl_Extent& m, const gsl_Extent& f, double& soonest) const
+    {
+        return stage.Sweep().Meet(m, f, slack, soonest) && soonest < best.Travel();
+    }
+    void Retire(double share)
+    {
+        done += share;
+        clock.SetDone(done);
+    }
+    bool IsOver() const { return clock.Stopped() || best.Travel() <= 0.0; }
+
+    void LookAt(gsl_PairQueue::Item item);
+    void Open(const gsl_PairQueue::Item& item);
+    void Descend(int m, int f);
+    void TestTriangles(int m, int f);
+    void TestTriangle(int fixedSlot, const int* movableSlots, int count);
+};
+
+gsl_PairSearch::gsl_PairSearch(gsl_CornerSource& fixed, const gsl_SearchTree::Limits& fixedLimits,
+                               gsl_CornerSource& movable, const gsl_SearchTree::Limits& movableLimits)
+    : fixed_(fixed, fixedLimits), movable_(movable, movableLimits)
+{}
+
+void gsl_PairSearch::Run(const gsl_TriOctreeNode& fixed, const gsl_TriOctreeNode& movable,
+                         const gsl_PairStage& stage, gsl_ProceedClock& clock, gsl_BestPair& best)
+{
+    fixedHanded_ = movableHanded_ = 0;
+    queue_.Clear();
+    views_.Reset();
+    fixed_.Begin(fixed);
+    movable_.Begin(movable);
+    const double largest = std::max(fixed_.Source().LargestTerm(gsl_Extent(fixed.Box()).Reach()),
+                                    gsl_Extent(movable.Box()).Reach());
+    Walk walk{*this, fixed_, movable_, stage, clock, best, gsl_SweptBox::Slack(largest, stage.Tolerance())};
+    constexpr int ROOT = gsl_SearchTree::Root();
+    double soonest = 0.0;
+    if (walk.Soonest(movable_.Box(ROOT), fixed_.Box(ROOT), soonest))
+    {
+        queue_.Push(soonest, ROOT, ROOT, 1.0F);
+    }
+    while (!queue_.IsEmpty() && queue_.Top().soonest < best.Travel() && clock.Spend(PAIR_UNITS))
+    {
+        walk.LookAt(queue_.Pop());
+    }
+}
+
+// One pair of nodes: lets it go, puts it back when its boxes have shrunk, walks it to the end, or opens it.
+void gsl_PairSearch::Walk::LookAt(gsl_PairQueue::Item item)
+{
+    const bool settles = movable.IsGroup(item.movable) || fixed.IsGroup(item.fixed);
+    if (movable.IsGroup(item.movable))
+    {
+        item.movable = movable.Settle(item.movable, clock);
+    }
+    if (fixed.IsGroup(item.fixed))
+    {
+        item.fixed = fixed.Settle(item.fixed, clock);
+    }
+    if (clock.Stopped())
+    {
+        return;
+    }
+    if (settles)
+    {
+        if (!Soonest(movable.Box(item.movable), fixed.Box(item.fixed), item.soonest))
+        {
+            Retire(item.share);
+            return;
+        }
+        if (!search.queue_.IsEmpty() && search.queue_.Top().soonest < item.soonest)
+        {
+            search.queue_.Push(item);
+            return;
+        }
+    }
+    if (!gsl_SearchTree::IsCell(item.movable) && !gsl_SearchTree::IsCell(item.fixed) &&
+        movable.Count(item.movable) <= DESCEND_FROM && fixed.Count(item.fixed) <= DESCEND_FROM)
+    {
+        Descend(item.movable, item.fixed);
+        Retire(item.share);
+        return;
+    }
+    Open(item);
+}
+
+// Replaces a pair by the pairs that the children of its larger box make with the other.
+void gsl_PairSearch::Walk::Open(const gsl_PairQueue::Item& item)
+{
+    const bool openFixed =
+        movable.IsLeaf(item.movable) ||
+        (!fixed.IsLeaf(item.fixed) && movable.Box(item.movable).Girth() < fixed.Box(item.fixed).Girth());
+    const int children = openFixed ? fixed.ChildCount(item.fixed) : movable.ChildCount(item.movable);
+    const float share = item.share / static_cast<float>(std::max(children, 1));
+    for (int i = 0; i < children; ++i)
+    {
+        const int f = openFixed ? fixed.Child(item.fixed, i) : item.fixed;
+        const int m = openFixed ? item.movable : movable.Child(item.movable, i);
+        double soonest = 0.0;
+        if (Soonest(movable.Box(m), fixed.Box(f), soonest))
+        {
+            search.queue_.Push(soonest, m, f, share);
+        }
+        else
+        {
+            Retire(share);
+        }
+    }
+}
+
+// Walks a pair of small parts to the end, the nearer child first: a queue would cost more than it saves.
+void gsl_PairSearch::Walk::Descend(int m, int f)
+{
+    gsl_PartTree& movables = movable.Parts();
+    gsl_PartTree& fixeds = fixed.Parts();
+    const bool leafMovable = movables.IsLeaf(m);
+    const bool leafFixed = fixeds.IsLeaf(f);
+    if (leafMovable && leafFixed)
+    {
+        TestTriangles(m, f);
+        return;
+    }
+    const bool openFixed = leafMovable || (!leafFixed && movables.Box(m).Girth() < fixeds.Box(f).Girth());
+    int near[2] = {m, f};
+    int far[2] = {m, f};
+    double soonestNear = 0.0;
+    double soonestFar = 0.0;
+    const int opened = openFixed ? 1 : 0;
+    near[opened] = openFixed ? fixeds.Lower(f) : movables.Lower(m);
+    far[opened] = openFixed ? fixeds.Upper(f) : movables.Upper(m);
+    bool meetsNear = Soonest(movables.Box(near[0]), fixeds.Box(near[1]), soonestNear);
+    bool meetsFar = Soonest(movables.Box(far[0]), fixeds.Box(far[1]), soonestFar);
+    if (meetsFar && (!meetsNear || soonestFar < soonestNear))
+    {
+        std::swap(near, far);
+        std::swap(soonestNear, soonestFar);
+        std::swap(meetsNear, meetsFar);
+    }
+    if (meetsNear)
+    {
+        Descend(near[0], near[1]);
+    }
+    if (meetsFar && soonestFar < best.Travel() && !IsOver())
+    {
+        Descend(far[0], far[1]);
+    }
+}
+
+// Tests the triangles of two leaves. Each triangle must first meet the other leaf as a whole.
+void gsl_PairSearch::Walk::TestTriangles(int m, int f)
+{
+    gsl_PartTree& movables = movable.Parts();
+    gsl_PartTree& fixeds = fixed.Parts();
+    const int fixedFrom = fixeds.FirstSlot(f);
+    const int fixedCount = fixeds.Count(f);
+    const int movableFrom = movables.FirstSlot(m);
+    const int movableCount = movables.Count(m);
+    search.fixedHanded_ += fixedCount;
+    search.movableHanded_ += movableCount;
+    clock.Spend(fixedCount + movableCount);
+
+    double soonest = 0.0;
+    int near[gsl_PartTree::LEAF_SIZE];
+    int nearCount = 0;
+    for (int slot = movableFrom; slot < movableFrom + movableCount; ++slot)
+    {
+        if (Soonest(movables.TriangleBox(slot), fixeds.Box(f), soonest))
+        {
+            near[nearCount++] = slot;
+        }
+    }
+    for (int slot = fixedFrom; nearCount > 0 && slot < fixedFrom + fixedCount; ++slot)
+    {
+        if (Soonest(movables.Box(m), fixeds.TriangleBox(slot), soonest))
+        {
+            TestTriangle(slot, near, nearCount);
+        }
+    }
+}
+
+void gsl_PairSearch::Walk::TestTriangle(int fixedSlot, const int* movableSlots, int count)
+{
+    gsl_PartTree& movables = movable.Parts();
+    gsl_PartTree& fixeds = fixed.Parts();
+    const gsl_StageTriangle* fixedTriangle = nullptr;
+    for (int i = 0; i < count; ++i)
+    {
+        const int movableSlot = movableSlots[i];
+        double boxes = 0.0;
+        if (!stage.BoxesMeet(movables.TriangleBox(movableSlot), fixeds.TriangleBox(fixedSlot), boxes) ||
+            boxes > best.Travel())
+        {
+            continue;
+        }
+        if (fixedTriangle == nullptr)
+        {
+            fixedTriangle = fixeds.Prepared(fixedSlot, fixed.Source(), stage);
+            if (fixedTriangle == nullptr)
+            {
+                return;
+            }
+        }
+        const gsl_StageTriangle* movableTriangle = movables.Prepared(movableSlot, movable.Source(), stage);
+        double travel = 0.0;
+        if (movableTriangle != nullptr &&
+            stage.Travel(*movableTriangle, *fixedTriangle, boxes, best.Travel(), search.views_, travel))
+        {
+            best.Offer(travel, fixeds.TriangleIndex(fixedSlot), movables.TriangleIndex(movableSlot));
+        }
+    }
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <oxu_Export.h>
+
+/// Starts the memento module, which has no component table and declares no metadata. Counted: only the first
+/// call starts, and adds one to running.
+OXU_EXPORT void KTLOxuIdb_initialize(int& running);
+
+/// Counted: only the call that matches the first start stops the module and takes one from running.
+OXU_EXPORT void KTLOxuIdb_finalize(int& running);

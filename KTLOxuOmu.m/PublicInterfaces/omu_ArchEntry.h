@@ -1,0 +1,8 @@
+#pragma once
+
+#include <oxu_Export.h>
+#include <typ_ArchCompEntry.h>
+
+/// The table of component 0x13: the scripting exceptions and values. A class's index in it is the low half of
+/// its type id.
+OXU_EXPORT typ_ArchCompEntry omu_ArchEntry();

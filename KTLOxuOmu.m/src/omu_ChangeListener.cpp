@@ -1,0 +1,3 @@
+#include <omu_ChangeListener.h>
+
+omu_ChangeListener::~omu_ChangeListener() = default;

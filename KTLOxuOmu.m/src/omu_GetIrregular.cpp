@@ -1,0 +1,27 @@
+#include <omu_GetIrregular.h>
+#include <omu_NestedReader.h>
+
+template <class T>
+bool omu_GetIrregular(omu_PrimTuple& arguments, cow_2DArray<T>& out)
+{
+    omu_PrimTuple rows;
+    if (!arguments.Get(rows))
+        return false;
+    out = omu_NestedReader::IrregularRows<T>(rows);
+    return true;
+}
+
+template <class T>
+bool omu_GetIrregular(omu_Arguments& arguments, cow_2DArray<T>& out, const cow_String& keyword)
+{
+    omu_PrimTuple rows;
+    if (!arguments.Get(rows, keyword))
+        return false;
+    out = omu_NestedReader::IrregularRows<T>(rows);
+    return true;
+}
+
+template bool omu_GetIrregular(omu_PrimTuple&, cow_2DArray<int>&);
+template bool omu_GetIrregular(omu_PrimTuple&, cow_2DArray<double>&);
+template bool omu_GetIrregular(omu_Arguments&, cow_2DArray<int>&, const cow_String&);
+template bool omu_GetIrregular(omu_Arguments&, cow_2DArray<double>&, const cow_String&);

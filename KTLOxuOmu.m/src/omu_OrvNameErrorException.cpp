@@ -1,0 +1,58 @@
+#include <cls_ClassRegistrar.h>
+#include <cls_ReadVisitor.h>
+#include <cls_TypeAdapter.h>
+#include <cls_WriteVisitor.h>
+#include <iterator>
+#include <omu_OrvNameErrorException.h>
+#include <oxu_FormatMessage.h>
+
+namespace
+{
+// Stored order: append only. A retired field keeps its index.
+enum Field { ERROR };
+constexpr cls_FieldHandle FIELDS[] = {
+    {ERROR, "m_Error"},
+};
+constexpr unsigned LAYOUT_RELEASE = 800;
+}
+
+void omu_OrvNameErrorException::InitializeMetadata(cls_ClassRegistrar& registrar)
+{
+    cls_ClassMetadata& meta = registrar.Create("omu_OrvNameErrorException", TypeId(), LAYOUT_RELEASE,
+                                               cls_TypeAdapter<omu_OrvNameErrorException>::Instance(),
+                                               nex_CommandException::TypeId());
+    meta.AddAttribute(FIELDS[ERROR], cls_AttributeType::INT, cls_UniversalRoot, cls_CollectionType::SINGLE);
+}
+
+omu_OrvNameErrorException::omu_OrvNameErrorException(const cls_ReadVisitor& reader)
+    : nex_CommandException(reader.BaseReader())
+{
+    reader.ReadInt(FIELDS[ERROR], m_Error);
+}
+
+void omu_OrvNameErrorException::Propagate() const
+{
+    throw *this;
+}
+
+omu_OrvNameErrorException* omu_OrvNameErrorException::Copy() const
+{
+    return new omu_OrvNameErrorException(*this);
+}
+
+void omu_OrvNameErrorException::DBWrite(const cls_WriteVisitor& writer) const
+{
+    if (!writer.Announce(TypeId(), Identifier()))
+        return;
+    nex_CommandException::DBWrite(writer.BaseWriter());
+    writer.WriteInt(FIELDS[ERROR], m_Error);
+}
+
+cow_String omu_OrvNameErrorException::JournalMessage() const
+{
+    static constexpr const char* TEXTS[] = {"invalid name", "name is empty", "invalid job name",
+                                            "invalid model name"};
+    if (m_Error < 0 || m_Error >= std::ssize(TEXTS))
+        return cow_String();
+    return oxu_FormatMessage(TEXTS[m_Error]);
+}

@@ -1,0 +1,62 @@
+#include <cls_AbsTypeAdapter.h>
+#include <cls_ClassRegistrar.h>
+#include <cls_MetadataRegistrar.h>
+#include <cls_ReadVisitor.h>
+#include <cls_WriteVisitor.h>
+#include <omu_Primitive.h>
+
+namespace
+{
+// Stored order: append only. A retired field keeps its index.
+enum Field { TYPE };
+constexpr cls_FieldHandle FIELDS[] = {{TYPE, "type"}};
+constexpr unsigned LAYOUT_RELEASE = 514;
+
+void Free(void* body)
+{
+    delete static_cast<omu_Primitive*>(body);
+}
+}
+
+void omu_Primitive::InitializeMetadata(cls_ClassRegistrar& registrar)
+{
+    cls_ClassMetadata& meta =
+        registrar.Create("omu_Primitive", TypeId(), LAYOUT_RELEASE,
+                         cls_AbsTypeAdapter<omu_Primitive>::Instance(), cls_UniversalRoot);
+    meta.AddAttribute(FIELDS[TYPE], cls_AttributeType::CHAR, cls_UniversalRoot, cls_CollectionType::SINGLE);
+    meta.AddDtor(&Free);
+}
+
+omu_Primitive::omu_Primitive(const cls_ReadVisitor& reader) : m_Type('\0'), uid_(reader.Uid())
+{
+    reader.ReadChar(FIELDS[TYPE], m_Type);
+}
+
+omu_Primitive::~omu_Primitive() = default;
+
+atr_String omu_Primitive::TypeString() const
+{
+    return "primitive";
+}
+
+cow_String omu_Primitive::AsRepr() const
+{
+    return AsString(0);
+}
+
+unsigned omu_Primitive::DynTypeId() const
+{
+    return TypeId();
+}
+
+bool omu_Primitive::IsA(unsigned typeId) const
+{
+    return omi_Singleton<cls_MetadataRegistrar>::Instance().Registrar().InheritanceCheck(DynTypeId(), typeId);
+}
+
+void omu_Primitive::DBWrite(const cls_WriteVisitor& writer) const
+{
+    if (!writer.Announce(TypeId(), uid_))
+        return;
+    writer.WriteChar(FIELDS[TYPE], m_Type);
+}

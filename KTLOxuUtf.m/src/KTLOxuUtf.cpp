@@ -1,0 +1,18 @@
+#include <KTLOxuUtf.h>
+#include <oxu_StartCounter.h>
+
+namespace
+{
+constinit oxu_StartCounter called;
+}
+
+void KTLOxuUtf_initialize(int& running)
+{
+    // Nothing is created early.
+    static_cast<void>(called.Start(running));
+}
+
+void KTLOxuUtf_finalize(int& running)
+{
+    static_cast<void>(called.Stop(running));
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+/// What the driver's process ends with; scripts rely on the numbers: never renumber.
+enum class bat_ExitCode : int {
+    CONTACT = 0,      ///< there is a contact: after a way, or at once
+    CLEAR = 1,        ///< no contact within the bound
+    USAGE = 2,        ///< the command line asks for something that does not exist
+    INPUT = 3,        ///< a file cannot be read or is wrong
+    INTERNAL = 5,     ///< our own fault, or the machine's: memory, output
+    INTERRUPTED = 130 ///< the user stopped it: 128 and the number of the signal
+};

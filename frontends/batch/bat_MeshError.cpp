@@ -1,0 +1,23 @@
+#include <bat_MeshError.h>
+
+bat_MeshError::bat_MeshError(const std::string& file, const std::string& place, const std::string& reason)
+    : file_(file), reason_(reason), sentence_(file + place + ": " + reason)
+{}
+
+bat_MeshError::bat_MeshError(const std::string& file, const std::string& reason)
+    : bat_MeshError(file, "", reason)
+{}
+
+bat_MeshError bat_MeshError::AtLine(const std::string& file, std::uint64_t line, const std::string& reason)
+{
+    bat_MeshError error(file, ", line " + std::to_string(line), reason);
+    error.line_ = line;
+    return error;
+}
+
+bat_MeshError bat_MeshError::AtByte(const std::string& file, std::uint64_t byte, const std::string& reason)
+{
+    bat_MeshError error(file, ", byte " + std::to_string(byte), reason);
+    error.byte_ = byte;
+    return error;
+}

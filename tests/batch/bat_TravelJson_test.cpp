@@ -1,0 +1,117 @@
+#include <bat_TravelJson.h>
+#include <bat_TravelResult.h>
+#include <bat_TravelText.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+namespace
+{
+bat_TravelResult Contact()
+{
+    bat_TravelResult result;
+    result.state = bat_TravelResult::State::CONTACT;
+    result.travel = 0.1 + 0.2;
+    result.bound = 2.5;
+    result.tolerance = 1e-6;
+    result.direction = gsl_Vector(0.0, 0.6, -0.8);
+    result.fixed = {
+        "wall.stl", 1234, gsl_BBox(gsl_Point(0, 0, 0), gsl_Point(1, 2, 0)), 17, {1.0, -0.0, 1e-300}};
+    result.movable = {"pin.off", 1, gsl_BBox(gsl_Point(-1, 0, 0), gsl_Point(1, 0.5, 3)), 0, {1.0, 2.0, 3.5}};
+    result.degenerate = 2;
+    result.outside = 1;
+    return result;
+}
+
+std::string WithoutVersion(std::string line)
+{
+    const std::size_t at = line.find(",\"version\":\"");
+    EXPECT_NE(at, std::string::npos) << line;
+    const auto json = nlohmann::json::parse(line);
+    const std::string version = json.at("version");
+    EXPECT_EQ(line.substr(at), ",\"version\":\"" + version + "\"}");
+    return line.substr(0, at);
+}
+
+TEST(TravelJson, KeysStandInOrderAndNumbersAreShortest)
+{
+    EXPECT_EQ(WithoutVersion(bat_TravelJson(Contact())),
+              R"({"schema":"orvex.travel/1","state":"contact","travel":0.30000000000000004,"bound":2.5,)"
+              R"("tolerance":1e-06,"direction":[0,0.6,-0.8],)"
+              R"("fixed":{"file":"wall.stl","triangles":1234,"triangle":17,"point":[1,0,1e-300]},)"
+              R"("movable":{"file":"pin.off","triangles":1,"triangle":0,"point":[1,2,3.5]},)"
+              R"("skipped":{"degenerate":2,"outside":1})");
+}
+
+TEST(TravelJson, WhatThereIsNotIsNull)
+{
+    bat_TravelResult result = Contact();
+    result.state = bat_TravelResult::State::CLEAR;
+    result.bound = bat_TravelResult::UNLIMITED;
+    result.fixed.triangle = -1;
+    result.movable.triangle = -1;
+    EXPECT_EQ(WithoutVersion(bat_TravelJson(result)),
+              R"({"schema":"orvex.travel/1","state":"clear","travel":null,"bound":null,)"
+              R"("tolerance":1e-06,"direction":[0,0.6,-0.8],)"
+              R"("fixed":{"file":"wall.stl","triangles":1234,"triangle":null,"point":null},)"
+              R"("movable":{"file":"pin.off","triangles":1,"triangle":null,"point":null},)"
+              R"("skipped":{"degenerate":2,"outside":1})");
+}
+
+TEST(TravelJson, AnyFileNameGivesOneLineOfJson)
+{
+    bat_TravelResult result = Contact();
+    for (const char* name :
+         {"a \"b\".stl", "back\\slash", "new\nline\ttab\033", "\xC3\xA9t\xC3\xA9.stl", "broken \xFF utf"})
+    {
+        result.fixed.file = name;
+        const std::string line = bat_TravelJson(result);
+        EXPECT_EQ(line.find('\n'), std::string::npos);
+        const std::string back = nlohmann::json::parse(line).at("fixed").at("file");
+        if (std::string(name).find('\xFF') == std::string::npos)
+            EXPECT_EQ(back, name);
+        else
+            EXPECT_EQ(back, "broken \xEF\xBF\xBD utf");
+    }
+}
+
+TEST(TravelText, ContactForPeople)
+{
+    EXPECT_EQ(bat_TravelText(Contact()),
+              "travel    0.3 along (0, 0.6, -0.8)\n"
+              "state     contact: the movable part goes that far, then touches\n"
+              "fixed     wall.stl, triangle 17 of 1 234 at (1, 0, 1e-300)\n"
+              "movable   pin.off, triangle 0 of 1 at (1, 2, 3.5) before the travel\n"
+              "sizes     fixed 1 x 2 x 0, movable 2 x 0.5 x 3\n"
+              "skipped   2 degenerate triangles\n"
+              "skipped   1 triangle outside the trees\n");
+}
+
+TEST(TravelText, OtherStatesForPeople)
+{
+    bat_TravelResult result = Contact();
+    result.degenerate = 0;
+    result.outside = 0;
+    result.travel = 0.0;
+    result.state = bat_TravelResult::State::TOUCHING;
+    EXPECT_EQ(bat_TravelText(result),
+              "travel    0 along (0, 0.6, -0.8)\n"
+              "state     touching: the parts touch where they stand, without crossing\n"
+              "fixed     wall.stl, triangle 17 of 1 234 at (1, 0, 1e-300)\n"
+              "movable   pin.off, triangle 0 of 1 at (1, 2, 3.5)\n"
+              "sizes     fixed 1 x 2 x 0, movable 2 x 0.5 x 3\n");
+    result.state = bat_TravelResult::State::OVERLAPPING;
+    EXPECT_NE(
+        bat_TravelText(result).find("state     overlapping: the parts cross each other where they stand\n"),
+        std::string::npos);
+    result.state = bat_TravelResult::State::CLEAR;
+    result.fixed.triangle = -1;
+    result.movable.triangle = -1;
+    EXPECT_EQ(bat_TravelText(result), "travel    2.5, the bound, along (0, 0.6, -0.8)\n"
+                                      "state     clear: no contact on the way\n"
+                                      "fixed     wall.stl, 1 234 triangles\n"
+                                      "movable   pin.off, 1 triangle\n"
+                                      "sizes     fixed 1 x 2 x 0, movable 2 x 0.5 x 3\n");
+    result.bound = bat_TravelResult::UNLIMITED;
+    EXPECT_EQ(bat_TravelText(result).substr(0, 42), "travel    unlimited along (0, 0.6, -0.8)\ns");
+}
+}

@@ -1,0 +1,127 @@
+// Values that stand for objects of the scripting language: without its operations, and with them.
+
+#include <nex_PrimException.h>
+#include <nex_RangeException.h>
+#include <omu_DictIntPyObjectWrapper.h>
+#include <omu_DictPyObjectWrapper.h>
+#include <omu_DictStrPyObjectWrapper.h>
+#include <omu_ListPyObjectWrapper.h>
+#include <omu_PrimString.h>
+#include <omu_PyObjectWrapper.h>
+#include <testing/ExpectRaise.h>
+#include <testing/MemoryStore.h>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+// A script's list of ints, and what the scripting kernel does with it.
+using ScriptList = std::vector<int>;
+
+class ListOps : public omu_PyObjectOps
+{
+public:
+    ListOps() : former_(Install(this)) {}
+    ~ListOps() override { Install(former_); }
+
+    cow_String TypeName(const void*) const override { return "IntList"; }
+    cow_String Repr(const void* object) const override { return omu_PrimList(AsInts(object)).AsString(0); }
+    bool Equal(const void* a, const void* b) const override { return AsInts(a) == AsInts(b); }
+    int Length(const void* object) const override { return AsInts(object).Length(); }
+    omu_Primitive* Item(const void* object, const omu_Primitive& key) const override
+    {
+        const auto* index = dynamic_cast<const omu_PrimNumber*>(&key);
+        return index != nullptr ? new omu_PrimNumber(AsInts(object).Get(int(index->Value()))) : nullptr;
+    }
+
+private:
+    static cow_List<int> AsInts(const void* object)
+    {
+        const auto& list = *static_cast<const ScriptList*>(object);
+        return cow_List<int>::FromArray(list.data(), int(list.size()));
+    }
+
+    const omu_PyObjectOps* former_;
+};
+
+omu_PyObjectHandle Handle(const ScriptList& list)
+{
+    return omu_PyObjectHandle(std::make_shared<ScriptList>(list));
+}
+
+TEST(PyObjectWrapper, WithoutOperations)
+{
+    const omu_PyObjectHandle object = Handle({1, 2});
+    const omu_PyObjectWrapper wrapper(object);
+    EXPECT_EQ(wrapper.AsString(0), "<scripting object>");
+    EXPECT_EQ(wrapper.TypeString(), atr_String("scripting object"));
+    EXPECT_TRUE(wrapper == omu_PyObjectWrapper(object)) << "the same object";
+    EXPECT_FALSE(wrapper == omu_PyObjectWrapper(Handle({1, 2})));
+    EXPECT_EQ(omu_ListPyObjectWrapper(object).Length(), 0);
+    EXPECT_EQ(object.Item(omu_PrimNumber(0)), nullptr);
+}
+
+TEST(PyObjectWrapper, WithOperations)
+{
+    const ListOps ops;
+    const omu_PyObjectWrapper wrapper(Handle({1, 2}));
+    EXPECT_EQ(wrapper.AsString(0), "[1, 2]");
+    EXPECT_EQ(wrapper.TypeString(), atr_String("IntList"));
+    EXPECT_TRUE(wrapper == omu_PyObjectWrapper(Handle({1, 2}))) << "equal objects";
+    EXPECT_FALSE(wrapper == omu_PyObjectWrapper(Handle({1, 3})));
+    EXPECT_FALSE(wrapper == omu_PyObjectWrapper());
+    EXPECT_FALSE(omu_PyObjectWrapper() == wrapper);
+    EXPECT_FALSE(wrapper == omu_ListPyObjectWrapper(wrapper.Object())) << "another class";
+    EXPECT_EQ(omu_PyObjectWrapper().AsString(0), "<scripting object>");
+}
+
+TEST(PyObjectWrapper, ListIsLeftWhereItIs)
+{
+    const ListOps ops;
+    const auto script = std::make_shared<ScriptList>(ScriptList{1, 2});
+    omu_ListPyObjectWrapper list{omu_PyObjectHandle(script)};
+    script->push_back(3);
+    EXPECT_EQ(list.Length(), 3);
+    const auto text = [](omu_Primitive* owned) { return std::unique_ptr<omu_Primitive>(owned)->AsString(0); };
+    EXPECT_EQ(text(list.Index(2)), "3");
+    EXPECT_RAISE(list.Index(3), nex_RangeException, "index 3 out of range, length 3");
+    EXPECT_RAISE(list.Index(-1), nex_RangeException, "index -1 out of range, length 3");
+    EXPECT_EQ(text(list.Slice(1, 9)), "[2, 3]");
+    EXPECT_EQ(text(list.Repeat(2)), "[1, 2, 3, 1, 2, 3]");
+    EXPECT_EQ(text(list.Concat(&list)), "[1, 2, 3, 1, 2, 3]");
+    EXPECT_EQ(text(omu_PrimTuple(cow_List<int>{0}).Concat(&list)), "(0, 1, 2, 3)");
+    EXPECT_EQ(list.AsList().AsListInt(), (cow_List<int>{1, 2, 3}));
+    EXPECT_RAISE(list.Put(4), nex_PrimException, "Error: Illegal operation for type.");
+}
+
+TEST(PyObjectWrapper, LastCopyLetsTheObjectGo)
+{
+    int released = 0;
+    int object = 0;
+    {
+        const omu_PyObjectWrapper wrapper(
+            omu_PyObjectHandle(std::shared_ptr<void>(&object, [&](void*) { ++released; })));
+        const std::unique_ptr<omu_Primitive> copy(wrapper.Copy());
+        EXPECT_EQ(dynamic_cast<const omu_PyObjectWrapper&>(*copy).Object().Get().get(), &object);
+    }
+    EXPECT_EQ(released, 1);
+}
+
+template <class Wrapper>
+void ExpectNotStored()
+{
+    const std::string message = std::string(Wrapper::NAME) + " cannot be stored";
+    MemoryStore store;
+    EXPECT_RAISE(store.Write(Wrapper()), nex_PrimException, message.c_str());
+}
+
+TEST(PyObjectWrapper, IsNeverStored)
+{
+    ExpectNotStored<omu_PyObjectWrapper>();
+    ExpectNotStored<omu_ListPyObjectWrapper>();
+    ExpectNotStored<omu_DictPyObjectWrapper>();
+    ExpectNotStored<omu_DictIntPyObjectWrapper>();
+    ExpectNotStored<omu_DictStrPyObjectWrapper>();
+    EXPECT_STREQ(omu_PyObjectWrapper::NAME, "omu_PyObjectWrapper");
+}
+}

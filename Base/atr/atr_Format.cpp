@@ -4,8 +4,9 @@
 
 namespace
 {
-// A placeholder at the start of a text: its length there (0: none), and its argument (0: the next one).
-struct Placeholder
+// A mark for an argument ("%s", "%2$d") at the start of a text: its length there (0: none), and its argument
+// (0: the next one).
+struct Mark
 {
     std::size_t length = 0;
     int argument = 0;
@@ -17,7 +18,7 @@ bool IsValueLetter(char c)
 }
 
 // REQUIRES: text begins with '%'.
-Placeholder PlaceholderAt(std::string_view text)
+Mark MarkAt(std::string_view text)
 {
     if (text.size() >= 2 && IsValueLetter(text[1]))
         return {2, 0};
@@ -34,19 +35,19 @@ Placeholder PlaceholderAt(std::string_view text)
 cow_String atr_Format(const cow_String& format, const cow_List<cow_String>& arguments)
 {
     cow_String text;
-    int next = 0; // unnumbered placeholders so far
+    int next = 0; // unnumbered marks so far
     std::string_view rest = format.View();
     for (std::size_t at = rest.find('%'); at != std::string_view::npos; at = rest.find('%'))
     {
         text.Append(rest.substr(0, at));
         rest.remove_prefix(at);
-        const Placeholder placeholder = PlaceholderAt(rest);
-        if (placeholder.length > 0)
+        const Mark mark = MarkAt(rest);
+        if (mark.length > 0)
         {
-            const int argument = placeholder.argument > 0 ? placeholder.argument : ++next;
+            const int argument = mark.argument > 0 ? mark.argument : ++next;
             if (argument <= arguments.Length())
                 text.Append(arguments.Get(argument - 1).View());
-            rest.remove_prefix(placeholder.length);
+            rest.remove_prefix(mark.length);
             continue;
         }
         text.Append("%");

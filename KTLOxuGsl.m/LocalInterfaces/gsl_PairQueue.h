@@ -24,10 +24,6 @@ public:
         items_.clear();
         number_ = 0;
     }
-    void Push(double soonest, int movable, int fixed, float share)
-    {
-        Push({soonest, movable, fixed, 0, share});
-    }
     /// Gives the item a new number.
     void Push(const Item& item)
     {

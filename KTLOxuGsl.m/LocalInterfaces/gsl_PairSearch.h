@@ -5,6 +5,7 @@
 #include <gsl_PairQueue.h>
 #include <gsl_PairStage.h>
 #include <gsl_SearchTree.h>
+#include <vector>
 
 class gsl_ProceedClock;
 
@@ -35,6 +36,7 @@ private:
     gsl_SearchTree fixed_;
     gsl_SearchTree movable_;
     gsl_PairQueue queue_;
+    std::vector<gsl_PairQueue::Item> stack_;
     gsl_BlockStore<gsl_StageView> views_;
     long long fixedHanded_ = 0;
     long long movableHanded_ = 0;

@@ -2,6 +2,7 @@
 
 #include <gsl_BlockStore.h>
 #include <gsl_Extent.h>
+#include <gsl_PairTests.h>
 #include <gsl_StageTriangle.h>
 #include <gsl_StageView.h>
 #include <gsl_SweptBox.h>
@@ -26,13 +27,6 @@ class gsl_Vector;
 class gsl_PairStage
 {
 public:
-    /// Which corners are tested against the other triangle. Crossings of edges need both.
-    struct Corners
-    {
-        bool movable;
-        bool fixed;
-    };
-
     /// REQUIRES: a unit direction.
     gsl_PairStage(const gsl_Triple& direction, double tolerance);
 
@@ -53,13 +47,13 @@ public:
                 gsl_BlockStore<gsl_StageView>& store, double& travel) const;
     /// The travels at which the two meet, by the method that their slopes ask for.
     gsl_TravelSpan Span(const gsl_StageView& movable, const gsl_StageView& fixed,
-                        Corners corners = {true, true}) const;
+                        const gsl_PairTests& tests = {}) const;
 
-    /// Projects a along dir onto the plane of b and finds where the two overlap there. Nothing when dir is
-    /// parallel to b. dir is the direction when a is the movable triangle, its opposite when a is the fixed
-    /// one.
-    void Project(const gsl_StageView& a, const gsl_StageView& b, const gsl_Triple& dir, bool cornersOfA,
-                 bool cornersOfB, gsl_TravelSpan& span) const;
+    /// Projects a along dir onto the plane of b and finds where the two overlap there. Nothing when dir is parallel
+    /// to b. dir is the direction when a is the movable triangle, its opposite when a is the fixed one; tests and span
+    /// take a for the movable one.
+    void Project(const gsl_StageView& a, const gsl_StageView& b, const gsl_Triple& dir, const gsl_PairTests& tests,
+                 gsl_TravelSpan& span) const;
 
     /// Closest points of the lines p1 + s1 d1 and p2 + s2 d2. false, and outputs unchanged, when they are
     /// parallel, one has no direction, or they pass each other at more than the tolerance.
@@ -72,20 +66,19 @@ public:
     double Tolerance() const noexcept { return tolerance_; }
 
 private:
-    // A triangle projected onto another's plane: its corners relative to the other's origin, and AreaAt for
-    // each of them and the other's sides.
-    struct Shadow
-    {
-        gsl_Triple corner[3];
-        double area[3][3];
-    };
+    // In what follows shadow is a projected onto the plane of b, relative to b's origin.
 
-    /// The corners of b carried back along dir onto a.
+    /// Those corners of b, carried back along dir onto a.
     void CarryBack(const gsl_StageView& a, const gsl_StageView& b, const gsl_Triple& dir,
-                   const Shadow& shadow, gsl_TravelSpan& span) const;
+                   const gsl_Triple shadow[3], unsigned corners, gsl_TravelSpan& span) const;
     /// The places where sides cross, seen along dir.
     void CrossSides(const gsl_StageView& a, const gsl_StageView& b, const gsl_Triple& dir,
-                    const Shadow& shadow, gsl_TravelSpan& span) const;
+                    const gsl_Triple shadow[3], gsl_TravelSpan& span) const;
+    /// One side against one; atStart and atEnd are the areas at the ends of a's side, as b's side sees them.
+    void CrossSide(const gsl_StageView& a, int sideOfA, const gsl_StageView& b, int sideOfB, const gsl_Triple& dir,
+                   const gsl_Triple shadow[3], double atStart, double atEnd, gsl_TravelSpan& span) const;
+    /// A place at that share of a side lies on it, or beyond its ends within the tolerance.
+    bool IsWithin(double share, double squaredLength) const noexcept;
 
     /// The two ranges against the direction, measured exactly alike by both searches: whether the movable one
     /// lies wholly behind the fixed one, and the gap between them.
@@ -94,8 +87,9 @@ private:
     /// A travel that no contact of the pair falls short of, by the two planes; false when they show that all
     /// contact lies behind.
     bool LeastByPlanes(const gsl_StageTriangle& movable, const gsl_StageTriangle& fixed, double& least) const;
-    /// Seen along the direction, the two are apart by more than the tolerance could bridge.
-    bool SeenApart(const gsl_StageView& a, const gsl_StageView& b) const;
+    /// Seen along the direction, the two are apart by more than the tolerance could bridge. If not, takes corners off
+    /// the tests that are outside the other triangle by as much.
+    bool SeenApart(const gsl_StageView& movable, const gsl_StageView& fixed, gsl_PairTests& tests) const;
     const gsl_StageView& ViewOf(const gsl_StageTriangle& triangle,
                                 gsl_BlockStore<gsl_StageView>& store) const;
 

@@ -7,6 +7,7 @@
 #include <gsl_Extent.h>
 #include <gsl_PairStage.h>
 #include <gsl_StageTriangle.h>
+#include <memory>
 #include <vector>
 
 class gsl_ProceedClock;
@@ -88,8 +89,8 @@ private:
 
     static gsl_Extent BoxOf(const Corners& corners);
     bool Halve(Loose* first, int count, int begin, Region region, gsl_ProceedClock& clock);
-    int Partition(Loose* first, int count, int axis, float cut);
-    void MakeBoxes(int first, int last);
+    int Partition(Loose* first, int count, int axis, float cut, gsl_ProceedClock& clock);
+    void MakeBoxes(int first, int last, gsl_ProceedClock& clock);
     const gsl_StageTriangle* Prepare(int slot, const gsl_CornerSource& source, const gsl_PairStage& stage);
 
     std::vector<Part> parts_;
@@ -98,7 +99,8 @@ private:
     // Of the group that is being made.
     std::vector<Corners> fetched_;
     std::vector<Loose> loose_;
-    std::vector<Loose> aside_;
+    std::unique_ptr<Loose[]> aside_;
+    std::size_t asideSize_ = 0;
 
     // Of this search.
     std::vector<Corners> corners_;

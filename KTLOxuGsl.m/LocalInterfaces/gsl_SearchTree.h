@@ -95,9 +95,14 @@ private:
         Kind kind = Kind::WHOLE;
     };
 
-    static constexpr int CellNode(int cell) noexcept { return ~cell; }
-    const Cell& CellAt(int node) const { return cells_[static_cast<std::size_t>(~node)]; }
-    Cell& CellAt(int node) { return cells_[static_cast<std::size_t>(~node)]; }
+    static constexpr int CellNode(int cell) noexcept { return -1 - cell; }
+    static constexpr std::size_t CellIndex(int node) noexcept
+    {
+        const int cell = -1 - node;
+        return static_cast<std::size_t>(cell);
+    }
+    const Cell& CellAt(int node) const { return cells_[CellIndex(node)]; }
+    Cell& CellAt(int node) { return cells_[CellIndex(node)]; }
 
     static Cell MakeCell(const gsl_TriOctreeNode& node, int generation);
     gsl_Extent BoxOf(const gsl_TriOctreeNode& node) const;

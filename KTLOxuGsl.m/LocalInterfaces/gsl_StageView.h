@@ -14,6 +14,7 @@ struct gsl_StageView
     gsl_Triple normal;        ///< unit; its sense has no meaning
     double cosine = 0.0;      ///< normal times direction: 0 for a triangle upright along the direction
     double rounding = 0.0;    ///< how far off rounding may have put a coordinate in across
-    double across[3][2] = {}; ///< the corners seen along the direction, counter-clockwise
+    double across[3][2] = {}; ///< the corners seen along the direction
+    double turn = 1.0;        ///< 1 when they run counter-clockwise there, else -1
     gsl_Facet facet;          ///< corners and sides relative to the origin
 };

@@ -80,11 +80,12 @@ protected:
     void Divide(const gsl_BBox& box, int maxDepth, ChildMaker makeChild);
 
 private:
+    std::unique_ptr<gsl_TriOctreeNode>& At(int slot) const { return children_[static_cast<std::size_t>(slot)]; }
     /// Add, for a triangle that this node's box is known to hold.
-    void Place(const double low[3], const double high[3], int triangle);
+    void Place(const double low[3], const double high[3], int triangle, std::uint64_t stamp);
     int FirstSlotHolding(const double low[3], const double high[3]) const;
-    /// The child in that slot, made if need be; null when it would have this node's own box.
-    gsl_TriOctreeNode* MadeChild(int slot);
+    /// Makes the child of an empty slot; null when it would have this node's own box.
+    gsl_TriOctreeNode* MakeChild(int slot);
     /// Notes that triangles were added at or below this node, here and in everything above.
     void NoteChange(int added) noexcept;
 

@@ -178,13 +178,20 @@ bool gsl_TriTriMinDirectionalDist(const gsl_Vector& dir, const gsl_Point& a1, co
     {
         return false;
     }
+    gsl_PairTests tests;
+    if (flags != nullptr)
+    {
+        tests.movable = flags[0] ? gsl_PairTests::ALL : 0;
+        tests.fixed = flags[1] ? gsl_PairTests::ALL : 0;
+        tests.edges = flags[0] && flags[1];
+    }
     const gsl_PairStage stage(unit, tol);
     const gsl_Triple a[3] = {TripleOf(a1), TripleOf(a2), TripleOf(a3)};
     const gsl_Triple b[3] = {TripleOf(b1), TripleOf(b2), TripleOf(b3)};
     const gsl_TravelSpan span =
         stage.Span(stage.View(stage.Prepare(a, {normalA.X(), normalA.Y(), normalA.Z()})),
                    stage.View(stage.Prepare(b, {normalB.X(), normalB.Y(), normalB.Z()})),
-                   {flags == nullptr || flags[0], flags == nullptr || flags[1]});
+                   tests);
     return Answer(span, tol, contact, dist);
 }
 

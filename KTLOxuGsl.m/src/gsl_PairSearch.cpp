@@ -8,6 +8,10 @@ namespace
 // What looking at a pair may cost, in the clock's units.
 constexpr int PAIR_UNITS = 2;
 
+// How many pairs a walk off the queue may take, and how many may wait in the queue.
+constexpr int LONGEST_WALK = 4096;
+constexpr std::size_t LONGEST_QUEUE = std::size_t{1} << 18;
+
 // Parts of this many triangles and fewer are walked to the end at once.
 constexpr int DESCEND_FROM = 128;
 }
@@ -35,7 +39,11 @@ struct gsl_PairSearch::Walk
     }
     bool IsOver() const { return clock.Stopped() || best.Travel() <= 0.0; }
 
+    bool IsFollowing() const { return best.Found() || search.queue_.Size() > LONGEST_QUEUE; }
+
     void LookAt(gsl_PairQueue::Item item);
+    void Wait(const gsl_PairQueue::Item& item);
+    void Follow();
     void Open(const gsl_PairQueue::Item& item);
     void Descend(int m, int f);
     void TestTriangles(int m, int f);
@@ -52,6 +60,7 @@ void gsl_PairSearch::Run(const gsl_TriOctreeNode& fixed, const gsl_TriOctreeNode
 {
     fixedHanded_ = movableHanded_ = 0;
     queue_.Clear();
+    stack_.clear();
     views_.Reset();
     fixed_.Begin(fixed);
     movable_.Begin(movable);
@@ -62,11 +71,12 @@ void gsl_PairSearch::Run(const gsl_TriOctreeNode& fixed, const gsl_TriOctreeNode
     double soonest = 0.0;
     if (walk.Soonest(movable_.Box(ROOT), fixed_.Box(ROOT), soonest))
     {
-        queue_.Push(soonest, ROOT, ROOT, 1.0F);
+        queue_.Push({soonest, ROOT, ROOT, 0, 1.0F});
     }
     while (!queue_.IsEmpty() && queue_.Top().soonest < best.Travel() && clock.Spend(PAIR_UNITS))
     {
         walk.LookAt(queue_.Pop());
+        walk.Follow();
     }
 }
 
@@ -93,7 +103,7 @@ void gsl_PairSearch::Walk::LookAt(gsl_PairQueue::Item item)
             Retire(item.share);
             return;
         }
-        if (!search.queue_.IsEmpty() && search.queue_.Top().soonest < item.soonest)
+        if (!IsFollowing() && !search.queue_.IsEmpty() && search.queue_.Top().soonest < item.soonest)
         {
             search.queue_.Push(item);
             return;
@@ -107,6 +117,43 @@ void gsl_PairSearch::Walk::LookAt(gsl_PairQueue::Item item)
         return;
     }
     Open(item);
+}
+
+// Where a pair waits. Once some contact is known, most pairs that can still meet before it have to be looked at
+// anyhow, whatever their order: a stack is cheaper then, and it stays small where a queue could outgrow the memory.
+void gsl_PairSearch::Walk::Wait(const gsl_PairQueue::Item& item)
+{
+    if (IsFollowing())
+    {
+        search.stack_.push_back(item);
+    }
+    else
+    {
+        search.queue_.Push(item);
+    }
+}
+
+// Looks at what waits on the stack. A walk that gets long goes back to the queue, in case it has begun far from the
+// nearest contact.
+void gsl_PairSearch::Walk::Follow()
+{
+    for (int looks = 0; !search.stack_.empty() && !IsOver() && clock.Spend(PAIR_UNITS); ++looks)
+    {
+        const gsl_PairQueue::Item item = search.stack_.back();
+        search.stack_.pop_back();
+        if (!(item.soonest < best.Travel()))
+        {
+            Retire(item.share);
+        }
+        else if (looks < LONGEST_WALK || search.queue_.Size() > LONGEST_QUEUE)
+        {
+            LookAt(item);
+        }
+        else
+        {
+            search.queue_.Push(item);
+        }
+    }
 }
 
 // Replaces a pair by the pairs that the children of its larger box make with the other.
@@ -124,7 +171,7 @@ void gsl_PairSearch::Walk::Open(const gsl_PairQueue::Item& item)
         double soonest = 0.0;
         if (Soonest(movable.Box(m), fixed.Box(f), soonest))
         {
-            search.queue_.Push(soonest, m, f, share);
+            Wait({soonest, m, f, 0, share});
         }
         else
         {

@@ -47,6 +47,15 @@ struct Range
     double high;
 };
 
+// The range of a triangle's corners along a way.
+Range PlacesAlong(const gsl_StageTriangle& triangle, const gsl_Triple& way)
+{
+    const double a = gsl_Dot3(triangle.corner[0], way);
+    const double b = gsl_Dot3(triangle.corner[1], way);
+    const double c = gsl_Dot3(triangle.corner[2], way);
+    return {std::min({a, b, c}), std::max({a, b, c})};
+}
+
 // The range of a triangle against the direction, measured from origin.
 Range RangeFrom(const gsl_StageTriangle& triangle, const gsl_Triple& origin, const gsl_Triple& against)
 {
@@ -67,6 +76,12 @@ gsl_StageTriangle gsl_PairStage::Prepare(const gsl_Triple corners[3], const gsl_
     triangle.corner = corners;
     triangle.normal = normal;
     triangle.cosine = gsl_Dot3(normal, frame_.along);
+    if (std::abs(triangle.cosine) >= gsl_UprightStage::NEARLY_UPRIGHT)
+    {
+        triangle.rise = normal * (1.0 / triangle.cosine);
+        triangle.level = gsl_Dot3(triangle.rise, corners[0]);
+        triangle.perCosine = 1.0 / std::abs(triangle.cosine);
+    }
     const double a = gsl_Dot3(corners[0], frame_.along);
     const double b = gsl_Dot3(corners[1], frame_.along);
     const double c = gsl_Dot3(corners[2], frame_.along);
@@ -104,10 +119,7 @@ gsl_StageView gsl_PairStage::View(const gsl_StageTriangle& triangle) const
         relative[i] = corner - view.origin;
     }
     const auto& [p, q, r] = view.across;
-    if ((q[0] - p[0]) * (r[1] - p[1]) < (q[1] - p[1]) * (r[0] - p[0]))
-    {
-        std::swap(view.across[1], view.across[2]);
-    }
+    view.turn = (q[0] - p[0]) * (r[1] - p[1]) < (q[1] - p[1]) * (r[0] - p[0]) ? -1.0 : 1.0;
     view.facet = gsl_Facet(relative, view.normal);
     return view;
 }
@@ -142,8 +154,10 @@ bool gsl_PairStage::Travel(const gsl_StageTriangle& movable, const gsl_StageTria
     }
     const gsl_StageView& viewOfMovable = ViewOf(movable, store);
     const gsl_StageView& viewOfFixed = ViewOf(fixed, store);
+    gsl_PairTests tests;
     double contact = 0.0;
-    if (SeenApart(viewOfMovable, viewOfFixed) || !Span(viewOfMovable, viewOfFixed).Ahead(tolerance_, contact))
+    if (SeenApart(viewOfMovable, viewOfFixed, tests) ||
+        !Span(viewOfMovable, viewOfFixed, tests).Ahead(tolerance_, contact))
     {
         return false;
     }
@@ -169,7 +183,7 @@ double gsl_PairStage::Gap(const gsl_StageTriangle& movable, const gsl_StageTrian
 }
 
 gsl_TravelSpan gsl_PairStage::Span(const gsl_StageView& movable, const gsl_StageView& fixed,
-                                   Corners corners) const
+                                   const gsl_PairTests& tests) const
 {
     gsl_TravelSpan span;
     const double leanOfMovable = std::abs(movable.cosine);
@@ -179,63 +193,61 @@ gsl_TravelSpan gsl_PairStage::Span(const gsl_StageView& movable, const gsl_Stage
     if ((leanOfMovable < gsl_UprightStage::NEARLY_UPRIGHT && !uprightMovable) ||
         (leanOfFixed < gsl_UprightStage::NEARLY_UPRIGHT && !uprightFixed))
     {
-        upright_.Clip(movable, fixed, corners.movable, corners.fixed, span);
+        upright_.Clip(movable, fixed, tests, span);
     }
     else if (uprightMovable && uprightFixed)
     {
-        upright_.BothUpright(movable, fixed, corners.movable, corners.fixed, span);
+        upright_.BothUpright(movable, fixed, tests, span);
     }
     else if (uprightFixed)
     {
-        Project(fixed, movable, -frame_.along, corners.fixed, corners.movable, span);
+        Project(fixed, movable, -frame_.along, {tests.fixed, tests.movable, tests.edges}, span);
         span.ExchangeRoles();
     }
     else
     {
-        Project(movable, fixed, frame_.along, corners.movable, corners.fixed, span);
+        Project(movable, fixed, frame_.along, tests, span);
     }
     return span;
 }
 
 void gsl_PairStage::Project(const gsl_StageView& a, const gsl_StageView& b, const gsl_Triple& dir,
-                            bool cornersOfA, bool cornersOfB, gsl_TravelSpan& span) const
+                            const gsl_PairTests& tests, gsl_TravelSpan& span) const
 {
-    const gsl_Triple& origin = b.origin;
     const double slope = gsl_Dot3(b.normal, dir);
     if (std::abs(slope) < NO_PROJECTION)
     {
         return;
     }
-    const gsl_Facet& facet = b.facet;
-    Shadow shadow;
+    gsl_Triple shadow[3];
     int inside = 0;
     for (int i = 0; i < 3; ++i)
     {
-        const gsl_Triple corner = a.corner[i] - origin;
+        const gsl_Triple corner = a.corner[i] - b.origin;
         const double travel = -gsl_Dot3(b.normal, corner) / slope;
-        shadow.corner[i] = corner + dir * travel;
-        for (int side = 0; side < 3; ++side)
+        shadow[i] = corner + dir * travel;
+        if (gsl_PairTests::Has(tests.movable, i) && b.facet.Holds(shadow[i], tolerance_))
         {
-            shadow.area[i][side] = facet.AreaAt(shadow.corner[i], side);
-        }
-        if (cornersOfA && facet.Holds(shadow.corner[i], shadow.area[i], tolerance_))
-        {
-            span.Add(travel, a.corner[i], origin + shadow.corner[i]);
+            span.Add(travel, a.corner[i], b.origin + shadow[i]);
             ++inside;
         }
     }
-    if (inside < 3 && cornersOfB)
+    if (inside == 3)
     {
-        CarryBack(a, b, dir, shadow, span);
+        return;
     }
-    if (inside < 3 && cornersOfA && cornersOfB)
+    if (tests.fixed != 0)
+    {
+        CarryBack(a, b, dir, shadow, tests.fixed, span);
+    }
+    if (tests.edges)
     {
         CrossSides(a, b, dir, shadow, span);
     }
 }
 
 void gsl_PairStage::CarryBack(const gsl_StageView& a, const gsl_StageView& b, const gsl_Triple& dir,
-                              const Shadow& shadow, gsl_TravelSpan& span) const
+                              const gsl_Triple shadow[3], unsigned corners, gsl_TravelSpan& span) const
 {
     const double slope = gsl_Dot3(a.normal, dir);
     if (std::abs(slope) < HOLDS_DIRECTION)
@@ -248,13 +260,13 @@ void gsl_PairStage::CarryBack(const gsl_StageView& a, const gsl_StageView& b, co
         const gsl_Triple corner = b.corner[j] - a.origin;
         const double travel = gsl_Dot3(a.normal, corner) / slope;
         const gsl_Triple hit = corner - dir * travel;
-        if (!a.facet.Holds(hit, tolerance_))
+        if (!gsl_PairTests::Has(corners, j) || !a.facet.Holds(hit, tolerance_))
         {
             continue;
         }
         if (!shadowFacet)
         {
-            shadowFacet.emplace(shadow.corner, b.normal);
+            shadowFacet.emplace(shadow, b.normal);
             if (shadowFacet->IsDegenerate(LEAST_SINE))
             {
                 return;
@@ -268,41 +280,64 @@ void gsl_PairStage::CarryBack(const gsl_StageView& a, const gsl_StageView& b, co
 }
 
 void gsl_PairStage::CrossSides(const gsl_StageView& a, const gsl_StageView& b, const gsl_Triple& dir,
-                               const Shadow& shadow, gsl_TravelSpan& span) const
+                               const gsl_Triple shadow[3], gsl_TravelSpan& span) const
 {
-    const gsl_Facet& facet = b.facet;
-    for (int sideOfA = 0; sideOfA < 3; ++sideOfA)
+    for (int sideOfB = 0; sideOfB < 3; ++sideOfB)
     {
-        const int start = gsl_Facet::START[sideOfA];
-        const int end = gsl_Facet::END[sideOfA];
-        const gsl_Triple along = shadow.corner[end] - shadow.corner[start];
-        for (int sideOfB = 0; sideOfB < 3; ++sideOfB)
+        const double at[3] = {b.facet.AreaAt(shadow[0], sideOfB), b.facet.AreaAt(shadow[1], sideOfB),
+                              b.facet.AreaAt(shadow[2], sideOfB)};
+        const double beside = tolerance_ * b.facet.Length(sideOfB);
+        if (std::min({at[0], at[1], at[2]}) > beside || std::max({at[0], at[1], at[2]}) < -beside)
         {
-            const double atStart = shadow.area[start][sideOfB];
-            const double atEnd = shadow.area[end][sideOfB];
-            const double lengthOfB = facet.Length(sideOfB);
-            const double beside = tolerance_ * lengthOfB;
-            double s1 = 0.0;
-            double s2 = 0.0;
-            // An edge of a along dir has no direction here: its ends are corner candidates.
-            if ((atStart > beside && atEnd > beside) || (atStart < -beside && atEnd < -beside) ||
-                !Cross(shadow.corner[start], along, facet.Corner(gsl_Facet::START[sideOfB]),
-                       facet.Along(sideOfB), tolerance_, s1, s2))
+            continue;
+        }
+        for (int sideOfA = 0; sideOfA < 3; ++sideOfA)
+        {
+            const double atStart = at[gsl_Facet::START[sideOfA]];
+            const double atEnd = at[gsl_Facet::END[sideOfA]];
+            if (std::min(atStart, atEnd) <= beside && std::max(atStart, atEnd) >= -beside)
             {
-                continue;
+                CrossSide(a, sideOfA, b, sideOfB, dir, shadow, atStart, atEnd, span);
             }
-            const double length = gsl_Length3(along);
-            if (s1 * length < -tolerance_ || (s1 - 1.0) * length > tolerance_ ||
-                s2 * lengthOfB < -tolerance_ || (s2 - 1.0) * lengthOfB > tolerance_)
-            {
-                continue;
-            }
-            const gsl_Triple onA = gsl_Between3(a.corner[start], a.corner[end], std::clamp(s1, 0.0, 1.0));
-            const gsl_Triple onB = gsl_Between3(b.corner[gsl_Facet::START[sideOfB]],
-                                                b.corner[gsl_Facet::END[sideOfB]], std::clamp(s2, 0.0, 1.0));
-            span.Add(gsl_Dot3(onB - onA, dir), onA, onB);
         }
     }
+}
+
+void gsl_PairStage::CrossSide(const gsl_StageView& a, int sideOfA, const gsl_StageView& b, int sideOfB,
+                              const gsl_Triple& dir, const gsl_Triple shadow[3], double atStart, double atEnd,
+                              gsl_TravelSpan& span) const
+{
+    const int start = gsl_Facet::START[sideOfA];
+    const int end = gsl_Facet::END[sideOfA];
+    const gsl_Triple along = shadow[end] - shadow[start];
+    const gsl_Triple alongB = b.facet.Along(sideOfB);
+    const double squared = gsl_Dot3(along, along);
+    const double squaredB = b.facet.Length(sideOfB) * b.facet.Length(sideOfB);
+    // The two lie in one plane, so where a's side crosses the line of b's side the areas at its ends tell: there they
+    // pass through 0. Their difference is the sine of the two, times both lengths.
+    const double turn = atStart - atEnd;
+    if (turn == 0.0 || turn * turn < PARALLEL_EDGES * PARALLEL_EDGES * squared * squaredB)
+    {
+        return; // parallel, or an edge of a along dir: the ends are corner candidates
+    }
+    const double s1 = atStart / turn;
+    const gsl_Triple crossing = shadow[start] + along * s1;
+    const gsl_Triple& startOfB = b.facet.Corner(gsl_Facet::START[sideOfB]);
+    const double s2 = gsl_Dot3(crossing - startOfB, alongB) / squaredB;
+    if (!IsWithin(s1, squared) || !IsWithin(s2, squaredB))
+    {
+        return;
+    }
+    const gsl_Triple onA = gsl_Between3(a.corner[start], a.corner[end], std::clamp(s1, 0.0, 1.0));
+    const gsl_Triple onB =
+        gsl_Between3(b.corner[gsl_Facet::START[sideOfB]], b.corner[gsl_Facet::END[sideOfB]], std::clamp(s2, 0.0, 1.0));
+    span.Add(gsl_Dot3(onB - onA, dir), onA, onB);
+}
+
+bool gsl_PairStage::IsWithin(double share, double squaredLength) const noexcept
+{
+    const double beyond = share < 0.0 ? share : std::max(share - 1.0, 0.0);
+    return beyond * beyond * squaredLength <= tolerance_ * tolerance_;
 }
 
 bool gsl_PairStage::Cross(const gsl_Triple& p1, const gsl_Triple& d1, const gsl_Triple& p2,
@@ -327,43 +362,34 @@ bool gsl_PairStage::Cross(const gsl_Triple& p1, const gsl_Triple& d1, const gsl_
 bool gsl_PairStage::LeastByPlanes(const gsl_StageTriangle& movable, const gsl_StageTriangle& fixed,
                                   double& least) const
 {
-    const bool byFixed = std::abs(fixed.cosine) >= gsl_UprightStage::NEARLY_UPRIGHT;
-    const bool byMovable = std::abs(movable.cosine) >= gsl_UprightStage::NEARLY_UPRIGHT;
-    double off = TOLERANCES_OFF * tolerance_;
-    if (byFixed)
-    {
-        off += TOLERANCES_BESIDE * tolerance_ / std::abs(fixed.cosine);
-    }
-    if (byMovable)
-    {
-        off += TOLERANCES_BESIDE * tolerance_ / std::abs(movable.cosine);
-    }
+    const double off = TOLERANCES_OFF * tolerance_ +
+                       (TOLERANCES_BESIDE * tolerance_ + movable.rounding + fixed.rounding) *
+                           (movable.perCosine + fixed.perCosine);
     double most = std::numeric_limits<double>::max();
-    if (byFixed)
+    if (fixed.perCosine > 0.0)
     {
         // Way of each corner of the movable triangle to the fixed plane.
-        const double perCosine = -1.0 / fixed.cosine;
-        const Range way = RangeFrom(movable, fixed.corner[0], fixed.normal * perCosine);
-        least = std::max(least, way.low - off);
-        most = std::min(most, way.high + off);
+        const Range place = PlacesAlong(movable, fixed.rise);
+        least = std::max(least, fixed.level - place.high - off);
+        most = fixed.level - place.low + off;
     }
-    if (byMovable)
+    if (movable.perCosine > 0.0)
     {
         // Way of the movable plane to each corner of the fixed triangle.
-        const double perCosine = 1.0 / movable.cosine;
-        const Range way = RangeFrom(fixed, movable.corner[0], movable.normal * perCosine);
-        least = std::max(least, way.low - off);
-        most = std::min(most, way.high + off);
+        const Range place = PlacesAlong(fixed, movable.rise);
+        least = std::max(least, place.low - movable.level - off);
+        most = std::min(most, place.high - movable.level + off);
     }
     return most >= -tolerance_;
 }
 
-bool gsl_PairStage::SeenApart(const gsl_StageView& a, const gsl_StageView& b) const
+bool gsl_PairStage::SeenApart(const gsl_StageView& a, const gsl_StageView& b, gsl_PairTests& tests) const
 {
-    // Two triangles of a plane are apart when a side of one of them separates them. Corners run
-    // counter-clockwise, so what is inside a side lies to its left.
+    // Two triangles of a plane are apart when a side of one of them separates them. To the left of a side that runs
+    // counter-clockwise lies what is inside it.
     const double reach = TOLERANCES_OFF * tolerance_ + a.rounding + b.rounding;
     const gsl_StageView* pair[2] = {&a, &b};
+    unsigned outside[2] = {0, 0};
     for (int k = 0; k < 2; ++k)
     {
         const auto& own = pair[k]->across;
@@ -372,17 +398,23 @@ bool gsl_PairStage::SeenApart(const gsl_StageView& a, const gsl_StageView& b) co
         {
             const double* start = own[side];
             const double* end = own[(side + 1) % 3];
-            const double dx = end[0] - start[0];
-            const double dy = end[1] - start[1];
-            const auto left = [&](const double* p) {
-                return (p[1] - start[1]) * dx - (p[0] - start[0]) * dy;
-            };
-            if (std::max({left(other[0]), left(other[1]), left(other[2])}) <
-                -reach * (std::abs(dx) + std::abs(dy)))
+            const double dx = (end[0] - start[0]) * pair[k]->turn;
+            const double dy = (end[1] - start[1]) * pair[k]->turn;
+            const double far = -reach * (std::abs(dx) + std::abs(dy));
+            unsigned beyond = 0;
+            for (int i = 0; i < 3; ++i)
+            {
+                const double left = (other[i][1] - start[1]) * dx - (other[i][0] - start[0]) * dy;
+                beyond |= (left < far ? 1U : 0U) << i;
+            }
+            if (beyond == gsl_PairTests::ALL)
             {
                 return true;
             }
+            outside[1 - k] |= beyond;
         }
     }
+    tests.movable &= ~outside[0];
+    tests.fixed &= ~outside[1];
     return false;
 }

@@ -9,6 +9,7 @@ namespace
 // What a look-up may cost, in the clock's units, and how many steps of halving cost one.
 constexpr int FETCH_UNITS = 4;
 constexpr int STEPS_A_UNIT = 8;
+constexpr int BLOCK = 1024;
 
 // How often the place of a cut may be halved without parting anything before the triangles count as one heap.
 constexpr int MOST_TRIALS = 32;
@@ -69,18 +70,26 @@ int gsl_PartTree::MakeGroup(const std::vector<std::int32_t>& indices, gsl_Corner
     const int count = static_cast<int>(indices.size());
     const int begin = static_cast<int>(index_.size());
     const int group = static_cast<int>(parts_.size());
-    fetched_.resize(std::max(fetched_.size(), indices.size()));
-    loose_.resize(fetched_.size());
-    aside_.resize(fetched_.size());
+    // Written as they come, and left as they are beforehand: clearing much memory would take long between two looks
+    // at the clock.
+    fetched_.clear();
+    fetched_.reserve(indices.size());
+    loose_.clear();
+    loose_.reserve(indices.size());
+    if (asideSize_ < indices.size())
+    {
+        aside_ = std::make_unique_for_overwrite<Loose[]>(indices.size());
+        asideSize_ = indices.size();
+    }
     Region region;
     for (int i = 0; i < count; ++i)
     {
-        gsl_Triple* corners = fetched_[At(i)].at;
-        source.Fetch(indices[At(i)], corners);
-        const gsl_Triple sum = corners[0] + corners[1] + corners[2];
-        loose_[At(i)] = {{Sortable(sum.x), Sortable(sum.y), Sortable(sum.z)}, i};
-        region.Add(loose_[At(i)]);
-        source.Move(corners);
+        Corners& corners = fetched_.emplace_back();
+        source.Fetch(indices[At(i)], corners.at);
+        const gsl_Triple sum = corners.at[0] + corners.at[1] + corners.at[2];
+        loose_.push_back({{Sortable(sum.x), Sortable(sum.y), Sortable(sum.z)}, i});
+        region.Add(loose_.back());
+        source.Move(corners.at);
         if (!clock.Spend(FETCH_UNITS))
         {
             return NONE;
@@ -91,15 +100,15 @@ int gsl_PartTree::MakeGroup(const std::vector<std::int32_t>& indices, gsl_Corner
         parts_.resize(At(group));
         return NONE;
     }
-    for (int i = 0; i < count; ++i)
+    for (const Loose& item : loose_)
     {
-        const int from = loose_[At(i)].at;
-        index_.push_back(indices[At(from)]);
-        corners_.push_back(fetched_[At(from)]);
-        boxes_.push_back(BoxOf(fetched_[At(from)]));
+        index_.push_back(indices[At(item.at)]);
+        corners_.push_back(fetched_[At(item.at)]);
+        boxes_.push_back(BoxOf(corners_.back()));
         preparedAt_.push_back(NOT_PREPARED);
+        clock.Spend(1); // not given up here: half a group is none
     }
-    MakeBoxes(group, static_cast<int>(parts_.size()));
+    MakeBoxes(group, static_cast<int>(parts_.size()), clock);
     return group;
 }
 
@@ -124,7 +133,7 @@ bool gsl_PartTree::FetchGroup(int group, gsl_CornerSource& source, gsl_ProceedCl
     {
         last = Upper(last);
     }
-    MakeBoxes(group, last + 1);
+    MakeBoxes(group, last + 1, clock);
     return true;
 }
 
@@ -157,10 +166,10 @@ bool gsl_PartTree::Halve(Loose* first, int count, int begin, Region region, gsl_
         upper = region;
         const int axis = region.WidestAxis();
         const float cut = 0.5F * region.low[axis] + 0.5F * region.high[axis];
-        below = Partition(first, count, axis, cut);
+        below = Partition(first, count, axis, cut, clock);
         region.high[axis] = cut;
         upper.low[axis] = cut;
-        if (!clock.Spend(1 + count / STEPS_A_UNIT))
+        if (clock.Stopped())
         {
             return false;
         }
@@ -179,25 +188,30 @@ bool gsl_PartTree::Halve(Loose* first, int count, int begin, Region region, gsl_
 
 // Puts the triangles with their centre below the cut first, keeping their order; returns how many they are.
 // Both places are written for every triangle: cheaper than a branch that no one can predict.
-int gsl_PartTree::Partition(Loose* first, int count, int axis, float cut)
+int gsl_PartTree::Partition(Loose* first, int count, int axis, float cut, gsl_ProceedClock& clock)
 {
     int below = 0;
     int above = 0;
-    for (int i = 0; i < count; ++i)
+    for (int from = 0; from < count; from += BLOCK)
     {
-        const Loose item = first[i];
-        const int isBelow = item.centre[axis] < cut ? 1 : 0;
-        first[below] = item;
-        aside_[At(above)] = item;
-        below += isBelow;
-        above += 1 - isBelow;
+        const int to = std::min(from + BLOCK, count);
+        for (int i = from; i < to; ++i)
+        {
+            const Loose item = first[i];
+            const int isBelow = item.centre[axis] < cut ? 1 : 0;
+            first[below] = item;
+            aside_[At(above)] = item;
+            below += isBelow;
+            above += 1 - isBelow;
+        }
+        clock.Spend(1 + (to - from) / STEPS_A_UNIT);
     }
-    std::copy_n(aside_.begin(), above, first + below);
+    std::copy_n(aside_.get(), above, first + below);
     return below;
 }
 
 // The boxes of the parts from first to before last, children before their parents.
-void gsl_PartTree::MakeBoxes(int first, int last)
+void gsl_PartTree::MakeBoxes(int first, int last, gsl_ProceedClock& clock)
 {
     for (int part = last - 1; part >= first; --part)
     {
@@ -216,6 +230,7 @@ void gsl_PartTree::MakeBoxes(int first, int last)
             box.Add(Box(Upper(part)));
         }
         parts_[At(part)].box = box;
+        clock.Spend(1);
     }
 }
 

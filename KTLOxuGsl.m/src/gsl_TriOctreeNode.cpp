@@ -14,6 +14,17 @@ std::uint64_t FreshStamp() noexcept
     return last.fetch_add(1, std::memory_order_relaxed) + 1;
 }
 
+bool Same(const gsl_Point& a, const gsl_Point& b)
+{
+    return a.X() == b.X() && a.Y() == b.Y() && a.Z() == b.Z();
+}
+
+// To the last bit, unlike the equality of boxes.
+bool HasCorners(const gsl_BBox& box, const gsl_Point& low, const gsl_Point& high)
+{
+    return Same(box.Low(), low) && Same(box.High(), high);
+}
+
 gsl_TriOctreeNode* MakeNode(const gsl_BBox& box, int level, int index, gsl_TriOctreeNode* parent)
 {
     return new gsl_TriOctreeNode(box, level, index, parent);
@@ -42,9 +53,9 @@ void gsl_TriOctreeNode::Print(FILE* stream) const
     gsl_TracePrint(stream, "  High(%lf, %lf, %lf)\n", {high[0], high[1], high[2]});
     for (int slot = 0; IsDivided() && slot < GetChildCount(); ++slot)
     {
-        if (children_[slot] && !children_[slot]->triangles_.IsEmpty())
+        if (At(slot) && !At(slot)->triangles_.IsEmpty())
         {
-            children_[slot]->Print(stream);
+            At(slot)->Print(stream);
         }
     }
 }
@@ -61,22 +72,22 @@ void gsl_TriOctreeNode::Divide(const gsl_BBox& box, int maxDepth, ChildMaker mak
         return;
     }
     const int slots = GetChildCount();
-    NoteChange(triangles_.Length() - count_);
+    if (IsDivided())
+    {
+        NoteChange(triangles_.Length() - count_);
+    }
     children_ = std::make_unique<std::unique_ptr<gsl_TriOctreeNode>[]>(static_cast<std::size_t>(slots));
     ordinary_ = true;
     maxDepth_ = maxDepth;
     makeChild_ = makeChild;
-    const gsl_OctreeSplit own(box_);
-    const gsl_OctreeSplit given(box);
-    // Children are made when they are needed, over this node's own box; those of another box are made at
-    // once.
+    if (HasCorners(box, box_.Low(), box_.High()))
+    {
+        return; // children are made when they are needed; those of another box are made at once
+    }
+    const gsl_OctreeSplit split(box);
     for (int slot = 0; slot < std::min(slots, gsl_OctreeSplit::SLOTS); ++slot)
     {
-        const gsl_BBox slotBox = given.SlotBox(slot);
-        if (!own.IsSlotBox(slot, slotBox))
-        {
-            Build(slot, makeChild(slotBox, level_ + 1, slot, this), maxDepth);
-        }
+        Build(slot, makeChild(split.SlotBox(slot), level_ + 1, slot, this), maxDepth);
     }
 }
 
@@ -90,11 +101,14 @@ void gsl_TriOctreeNode::Build(int i, gsl_TriOctreeNode* child, int maxDepth)
     {
         nex_RaiseRange(i, GetChildCount());
     }
-    const int before = children_[i] ? children_[i]->count_ : 0;
-    children_[i].reset(child);
+    const int before = At(i) ? At(i)->count_ : 0;
+    At(i).reset(child);
     child->parent_ = this;
     ordinary_ = ordinary_ && i < gsl_OctreeSplit::SLOTS && gsl_OctreeSplit(box_).IsSlotBox(i, child->box_);
-    NoteChange(child->count_ - before);
+    if (before != 0 || child->count_ != 0)
+    {
+        NoteChange(child->count_ - before);
+    }
     child->BuildOctree(child->box_, maxDepth);
 }
 
@@ -108,7 +122,7 @@ bool gsl_TriOctreeNode::Add(const gsl_Point& a, const gsl_Point& b, const gsl_Po
                            std::min({a.Z(), b.Z(), c.Z()})};
     const double high[3] = {std::max({a.X(), b.X(), c.X()}), std::max({a.Y(), b.Y(), c.Y()}),
                             std::max({a.Z(), b.Z(), c.Z()})};
-    Place(low, high, triangle);
+    Place(low, high, triangle, FreshStamp());
     if (parent_ != nullptr)
     {
         parent_->NoteChange(1);
@@ -116,20 +130,24 @@ bool gsl_TriOctreeNode::Add(const gsl_Point& a, const gsl_Point& b, const gsl_Po
     return true;
 }
 
-void gsl_TriOctreeNode::Place(const double low[3], const double high[3], int triangle)
+void gsl_TriOctreeNode::Place(const double low[3], const double high[3], int triangle, std::uint64_t stamp)
 {
     const int slot = IsDivided() ? FirstSlotHolding(low, high) : -1;
-    gsl_TriOctreeNode* child = slot < 0 ? nullptr : MadeChild(slot);
+    gsl_TriOctreeNode* child = slot < 0 ? nullptr : At(slot).get();
+    if (slot >= 0 && child == nullptr)
+    {
+        child = MakeChild(slot);
+    }
     if (child != nullptr)
     {
-        child->Place(low, high, triangle);
+        child->Place(low, high, triangle, stamp);
     }
     else
     {
         triangles_.Append(triangle);
     }
     ++count_;
-    stamp_ = FreshStamp();
+    stamp_ = stamp;
 }
 
 int gsl_TriOctreeNode::FirstSlotHolding(const double low[3], const double high[3]) const
@@ -144,7 +162,7 @@ int gsl_TriOctreeNode::FirstSlotHolding(const double low[3], const double high[3
     const gsl_Point highest(high);
     for (int slot = 0; slot < slots; ++slot)
     {
-        const gsl_TriOctreeNode* child = children_[slot].get();
+        const gsl_TriOctreeNode* child = At(slot).get();
         if (child == nullptr && slot >= gsl_OctreeSplit::SLOTS)
         {
             continue;
@@ -158,26 +176,24 @@ int gsl_TriOctreeNode::FirstSlotHolding(const double low[3], const double high[3
     return -1;
 }
 
-gsl_TriOctreeNode* gsl_TriOctreeNode::MadeChild(int slot)
+gsl_TriOctreeNode* gsl_TriOctreeNode::MakeChild(int slot)
 {
-    if (!children_[slot])
+    const gsl_OctreeSplit split(box_);
+    if (split.IsSlotBox(slot, box_))
     {
-        const gsl_OctreeSplit split(box_);
-        if (split.IsSlotBox(slot, box_))
-        {
-            return nullptr; // a box that halving no longer shrinks: deeper levels would only repeat it
-        }
-        Build(slot, makeChild_(split.SlotBox(slot), level_ + 1, slot, this), maxDepth_);
+        return nullptr; // a box that halving no longer shrinks: deeper levels would only repeat it
     }
-    return children_[slot].get();
+    Build(slot, makeChild_(split.SlotBox(slot), level_ + 1, slot, this), maxDepth_);
+    return At(slot).get();
 }
 
 void gsl_TriOctreeNode::NoteChange(int added) noexcept
 {
+    const std::uint64_t stamp = FreshStamp();
     for (gsl_TriOctreeNode* node = this; node != nullptr; node = node->parent_)
     {
         node->count_ += added;
-        node->stamp_ = FreshStamp();
+        node->stamp_ = stamp;
     }
 }
 
@@ -189,7 +205,7 @@ bool gsl_TriOctreeNode::IsEmpty(int slot) const noexcept
 
 const gsl_TriOctreeNode* gsl_TriOctreeNode::Child(int slot) const noexcept
 {
-    return IsDivided() && slot >= 0 && slot < GetChildCount() ? children_[slot].get() : nullptr;
+    return IsDivided() && slot >= 0 && slot < GetChildCount() ? At(slot).get() : nullptr;
 }
 
 gsl_BBox gsl_TriOctreeNode::TransformBBox(const gsl_Matrix& transform) const

@@ -441,7 +441,7 @@ bool gsl_TriTriDirDist::FindDirDistBetTriAndTri(const gsl_Triangle& a, const gsl
     gsl_TravelSpan span;
     work_->stage.Project(Work::Prepared(work_->stage, a, a.Normal()).view,
                          Work::Prepared(work_->stage, b, planeOfB.Direction()).view,
-                         {unit.X(), unit.Y(), unit.Z()}, true, true, span);
+                         {unit.X(), unit.Y(), unit.Z()}, {}, span);
     return Lower(span, pairTolerance_, distance);
 }
 
@@ -449,7 +449,7 @@ bool gsl_TriTriDirDist::FindDirDistBothDegen(const gsl_Triangle& a, const gsl_Tr
 {
     gsl_TravelSpan span;
     work_->stage.Upright().BothUpright(Work::Prepared(work_->stage, a, a.Normal()).view,
-                                       Work::Prepared(work_->stage, b, b.Normal()).view, true, true, span);
+                                       Work::Prepared(work_->stage, b, b.Normal()).view, {}, span);
     return Lower(span, pairTolerance_, distance);
 }
 

@@ -168,36 +168,42 @@ struct gsl_UprightStage::Seen
     }
 };
 
-void gsl_UprightStage::Clip(const gsl_StageView& movable, const gsl_StageView& fixed, bool cornersOfMovable,
-                            bool cornersOfFixed, gsl_TravelSpan& span) const
+void gsl_UprightStage::Clip(const gsl_StageView& movable, const gsl_StageView& fixed, const gsl_PairTests& tests, gsl_TravelSpan& span) const
 {
     const gsl_Triple& origin = fixed.origin;
     const Seen seenMovable(movable, origin, frame_);
     const Seen seenFixed(fixed, origin, frame_);
     const double rounding = std::min(RoundingOf(movable, fixed, origin), tolerance_);
-    ClipWithin(seenMovable, seenFixed, cornersOfMovable, cornersOfFixed, rounding, span);
+    ClipWithin(seenMovable, seenFixed, tests, rounding, span);
     if (span.IsEmpty())
     {
-        ClipWithin(seenMovable, seenFixed, cornersOfMovable, cornersOfFixed, tolerance_, span);
+        ClipWithin(seenMovable, seenFixed, tests, tolerance_, span);
     }
 }
 
-void gsl_UprightStage::ClipWithin(const Seen& movable, const Seen& fixed, bool cornersOfMovable,
-                                  bool cornersOfFixed, double reach, gsl_TravelSpan& span) const
+void gsl_UprightStage::ClipWithin(const Seen& movable, const Seen& fixed, const gsl_PairTests& tests, double reach, gsl_TravelSpan& span) const
 {
-    for (int i = 0; cornersOfMovable && i < 3; ++i)
+    for (int i = 0; i < 3; ++i)
     {
+        if (!gsl_PairTests::Has(tests.movable, i))
+        {
+            continue;
+        }
         fixed.Heights(movable.x[i], movable.y[i], reach, [&](double height, const gsl_Triple& place) {
             span.Add(height - movable.height[i], movable.triangle.corner[i], place);
         });
     }
-    for (int i = 0; cornersOfFixed && i < 3; ++i)
+    for (int i = 0; i < 3; ++i)
     {
+        if (!gsl_PairTests::Has(tests.fixed, i))
+        {
+            continue;
+        }
         movable.Heights(fixed.x[i], fixed.y[i], reach, [&](double height, const gsl_Triple& place) {
             span.Add(fixed.height[i] - height, place, fixed.triangle.corner[i]);
         });
     }
-    if (!cornersOfMovable || !cornersOfFixed)
+    if (!tests.edges)
     {
         return;
     }
@@ -232,20 +238,20 @@ void gsl_UprightStage::ClipWithin(const Seen& movable, const Seen& fixed, bool c
 }
 
 void gsl_UprightStage::BothUpright(const gsl_StageView& movable, const gsl_StageView& fixed,
-                                   bool cornersOfMovable, bool cornersOfFixed, gsl_TravelSpan& span) const
+                                   const gsl_PairTests& tests, gsl_TravelSpan& span) const
 {
     if (gsl_Length3(gsl_Cross3(movable.normal, fixed.normal)) < PARALLEL_PLANES)
     {
-        InOnePlane(movable, fixed, cornersOfMovable, cornersOfFixed, span);
+        InOnePlane(movable, fixed, tests, span);
     }
-    else if (cornersOfMovable && cornersOfFixed)
+    else if (tests.edges)
     {
         InCrossingPlanes(movable, fixed, span);
     }
 }
 
 void gsl_UprightStage::InOnePlane(const gsl_StageView& movable, const gsl_StageView& fixed,
-                                  bool cornersOfMovable, bool cornersOfFixed, gsl_TravelSpan& span) const
+                                  const gsl_PairTests& tests, gsl_TravelSpan& span) const
 {
     const gsl_Triple& origin = fixed.origin;
     if (std::abs(gsl_Dot3(movable.origin - origin, fixed.normal)) > tolerance_)
@@ -258,14 +264,22 @@ void gsl_UprightStage::InOnePlane(const gsl_StageView& movable, const gsl_StageV
     const double rounding = std::min(RoundingOf(movable, fixed, origin), tolerance_);
     for (const double reach : {rounding, tolerance_})
     {
-        for (int i = 0; cornersOfMovable && i < 3; ++i)
+        for (int i = 0; i < 3; ++i)
         {
+            if (!gsl_PairTests::Has(tests.movable, i))
+            {
+                continue;
+            }
             ownFixed.Heights(ownMovable.across[i], reach, [&](double height, const gsl_Triple& place) {
                 span.Add(height - ownMovable.height[i], movable.corner[i], place);
             });
         }
-        for (int i = 0; cornersOfFixed && i < 3; ++i)
+        for (int i = 0; i < 3; ++i)
         {
+            if (!gsl_PairTests::Has(tests.fixed, i))
+            {
+                continue;
+            }
             ownMovable.Heights(ownFixed.across[i], reach, [&](double height, const gsl_Triple& place) {
                 span.Add(ownFixed.height[i] - height, place, fixed.corner[i]);
             });

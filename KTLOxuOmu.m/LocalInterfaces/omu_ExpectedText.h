@@ -1,10 +1,9 @@
 #pragma once
 
-#include <cow_2DArray.h>
-#include <cow_List.h>
-#include <cow_Map.h>
-#include <memory>
-#include <omi_complex.h>
+#include <omu_DictIntPyObjectWrapper.h>
+#include <omu_DictPyObjectWrapper.h>
+#include <omu_DictStrPyObjectWrapper.h>
+#include <omu_ListPyObjectWrapper.h>
 #include <omu_PrimArray.h>
 #include <omu_PrimDictionary.h>
 #include <omu_PrimEnumBase.h>
@@ -14,15 +13,9 @@
 #include <omu_PrimPath.h>
 #include <omu_PrimTuple.h>
 #include <omu_PrimType.h>
-
-class omu_DictIntPyObjectWrapper;
-class omu_DictPyObjectWrapper;
-class omu_DictStrPyObjectWrapper;
-class omu_InterfaceObj;
-class omu_ListPyObjectWrapper;
-class omu_OrvexName;
-class omu_PrimWrapper;
-class omu_PyObjectWrapper;
+#include <omu_PrimWrapper.h>
+#include <omu_PyObjectWrapper.h>
+#include <omu_Readable.h>
 
 /// What a type error says was expected, for each type that can be read. A few texts differ between an
 /// argument read by position and one read by keyword, on purpose: scripts have come to know both.

@@ -40,47 +40,13 @@ public:
 
     using omu_PrimTuple::Get;
     // Get with a keyword reads the next argument: the next positional one while one remains, whatever the
-    // keyword, else the one of that keyword. What each reader accepts, and when it is true, stands at
+    // keyword, else the one of that keyword. What each type takes, and when it is true, stands at
     // omu_PrimTuple.
 
-    bool Get(bool& out, const cow_String& keyword);
-    bool Get(int& out, const cow_String& keyword);
-    bool Get(signed char& out, const cow_String& keyword);
-    bool Get(short& out, const cow_String& keyword);
-    bool Get(unsigned int& out, const cow_String& keyword);
-    bool Get(float& out, const cow_String& keyword);
-    bool Get(double& out, const cow_String& keyword);
-    bool Get(cow_String& out, const cow_String& keyword);
-    bool Get(atr_String& out, const cow_String& keyword);
-    bool Get(omi_complex& out, const cow_String& keyword);
-    bool Get(omu_OrvexName& out, const cow_String& keyword);
-    bool Get(omu_PrimPath& out, const cow_String& keyword);
-    bool Get(omu_PrimType& out, const cow_String& keyword);
-    bool Get(omu_PrimNone& out, const cow_String& keyword);
-    bool Get(omu_PrimExpr& out, const cow_String& keyword);
-    bool Get(omu_PrimException& out, const cow_String& keyword);
-    bool Get(omu_PrimWrapper& out, const cow_String& keyword);
-    bool Get(omu_PrimArray& out, const cow_String& keyword);
+    template <omu_Readable T>
+    bool Get(T& out, const cow_String& keyword);
     bool Get(omu_PrimTuple& out, const cow_String& keyword);
-    bool Get(omu_PrimDictionary<int>& out, const cow_String& keyword);
-    bool Get(omu_PrimDictionary<cow_String>& out, const cow_String& keyword);
-    bool Get(omu_PyObjectWrapper& out, const cow_String& keyword);
-    bool Get(omu_ListPyObjectWrapper& out, const cow_String& keyword);
-    bool Get(omu_DictPyObjectWrapper& out, const cow_String& keyword);
-    bool Get(omu_DictIntPyObjectWrapper& out, const cow_String& keyword);
-    bool Get(omu_DictStrPyObjectWrapper& out, const cow_String& keyword);
     bool Get(omu_PrimEnumBase& out, const cow_String& keyword);
-    bool Get(const omu_InterfaceObj*& out, const cow_String& keyword);
-    bool Get(std::unique_ptr<omu_Primitive>& out, const cow_String& keyword);
-    bool Get(cow_List<int>& out, const cow_String& keyword);
-    bool Get(cow_List<bool>& out, const cow_String& keyword);
-    bool Get(cow_List<float>& out, const cow_String& keyword);
-    bool Get(cow_List<double>& out, const cow_String& keyword);
-    bool Get(cow_List<cow_String>& out, const cow_String& keyword);
-    bool Get(cow_List<atr_String>& out, const cow_String& keyword);
-    bool Get(cow_2DArray<double>& out, const cow_String& keyword);
-    bool Get(cow_2DArray<cow_String>& out, const cow_String& keyword);
-    bool Get(cow_Map<cow_String, float>& out, const cow_String& keyword);
 
     /// True when the argument just read was of the wrong type, or missing though required: that read is then
     /// undone, its keyword put back, and another type may be tried for the same argument.

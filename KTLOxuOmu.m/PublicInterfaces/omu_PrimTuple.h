@@ -8,24 +8,9 @@
 #include <omi_complex.h>
 #include <omu_PrimSequence.h>
 #include <omu_PrimVector.h>
+#include <omu_Readable.h>
 
-class omu_DictIntPyObjectWrapper;
-class omu_DictPyObjectWrapper;
-class omu_DictStrPyObjectWrapper;
-class omu_InterfaceObj;
-class omu_ListPyObjectWrapper;
-class omu_OrvexName;
-class omu_PrimArray;
 class omu_PrimEnumBase;
-class omu_PrimException;
-class omu_PrimExpr;
-class omu_PrimNone;
-class omu_PrimPath;
-class omu_PrimType;
-class omu_PrimWrapper;
-class omu_PyObjectWrapper;
-template <class K>
-class omu_PrimDictionary;
 
 /// An ordered sequence of values that scripts do not change, kind "("; at the same time the cursor through
 /// which a command reads its positional arguments one by one:
@@ -138,56 +123,15 @@ public:
     virtual void Begin();
 
     // Get reads the next argument. True when this very read delivered: an item was there, no earlier read had
-    // failed and the item's type was right. Otherwise the output is as it was. What each reader accepts:
+    // failed and the item's type was right. Otherwise the output is as it was.
 
-    bool Get(bool& out);         ///< a Boolean; 0 or 1 as INT
-    bool Get(int& out);          ///< an INT, and no other integer type
-    bool Get(signed char& out);  ///< an SCHAR, or an INT in its range
-    bool Get(short& out);        ///< a SHORT, or an INT in its range
-    bool Get(unsigned int& out); ///< a UINT up to 4294967295, or an INT from 0
-    bool Get(float& out);        ///< any number
-    bool Get(double& out);       ///< any number
-    bool Get(cow_String& out);   ///< a string, translated or not
-    bool Get(atr_String& out);   ///< a string, translated or not
-    bool Get(omi_complex& out);  ///< a complex number, or any number
-    bool Get(omu_PrimPath& out); ///< a path, or a string: the path of that file
-    bool Get(omu_PrimType& out);
-    bool Get(omu_PrimNone& out);
-    bool Get(omu_PrimExpr& out);
-    bool Get(omu_PrimException& out);
-    bool Get(omu_PrimWrapper& out);
-    bool Get(omu_PrimArray& out);
+    /// omu_Readable says what each type takes.
+    template <omu_Readable T>
+    bool Get(T& out);
     /// A tuple or list. `out` is then ready for Begin, and knows as its nesting text where it stood.
     bool Get(omu_PrimTuple& out);
-    bool Get(omu_PrimDictionary<int>& out);
-    bool Get(omu_PrimDictionary<cow_String>& out);
-    bool Get(omu_PyObjectWrapper& out);
-    bool Get(omu_ListPyObjectWrapper& out);
-    bool Get(omu_DictPyObjectWrapper& out);
-    bool Get(omu_DictIntPyObjectWrapper& out);
-    bool Get(omu_DictStrPyObjectWrapper& out);
     /// A symbolic constant that `out` permits; for a plain omu_PrimEnumBase any.
     bool Get(omu_PrimEnumBase& out);
-    /// A string in the form that `out` asks for. A string in another form raises its
-    /// omu_OrvNameErrorException at once.
-    bool Get(omu_OrvexName& out);
-    /// An interface object: the item itself, which the tuple owns until it changes.
-    bool Get(const omu_InterfaceObj*& out);
-    /// Any value, copied.
-    bool Get(std::unique_ptr<omu_Primitive>& out);
-    // Whole sequences: tuples or lists with every element as its own reader takes it; of numbers also an
-    // array of one dimension, or of two for a 2D one. Rows of a 2D sequence are equally long; no rows give 0
-    // x 0.
-    bool Get(cow_List<int>& out);
-    bool Get(cow_List<bool>& out);
-    bool Get(cow_List<float>& out);
-    bool Get(cow_List<double>& out);
-    bool Get(cow_List<cow_String>& out);
-    bool Get(cow_List<atr_String>& out);
-    bool Get(cow_2DArray<double>& out);
-    bool Get(cow_2DArray<cow_String>& out);
-    /// Two-item sequences of text and number, or a dictionary with text keys.
-    bool Get(cow_Map<cow_String, float>& out);
 
     /// Every argument read from here to the next Begin or successful End is optional.
     void Optional() { m_IsOptional = true; }
@@ -221,15 +165,15 @@ public:
     // The whole tuple, by the rules of the readers above; a wrong element raises
     // omu_GenericTypeErrorException.
 
-    cow_List<int> AsListInt() const;
-    cow_List<bool> AsListBool() const;
-    cow_List<float> AsListFloat() const;
-    cow_List<double> AsListDouble() const;
-    cow_List<cow_String> AsListString() const;
-    cow_List<atr_String> AsListTranslatedString() const;
-    cow_2DArray<double> As2DArrayDouble() const;
-    cow_2DArray<cow_String> As2DArrayString() const;
-    cow_Map<cow_String, float> AsMapString2Float() const;
+    cow_List<int> AsListInt() const { return Converted<cow_List<int>>(); }
+    cow_List<bool> AsListBool() const { return Converted<cow_List<bool>>(); }
+    cow_List<float> AsListFloat() const { return Converted<cow_List<float>>(); }
+    cow_List<double> AsListDouble() const { return Converted<cow_List<double>>(); }
+    cow_List<cow_String> AsListString() const { return Converted<cow_List<cow_String>>(); }
+    cow_List<atr_String> AsListTranslatedString() const { return Converted<cow_List<atr_String>>(); }
+    cow_2DArray<double> As2DArrayDouble() const { return Converted<cow_2DArray<double>>(); }
+    cow_2DArray<cow_String> As2DArrayString() const { return Converted<cow_2DArray<cow_String>>(); }
+    cow_Map<cow_String, float> AsMapString2Float() const { return Converted<cow_Map<cow_String, float>>(); }
 
     atr_String TypeString() const override;
     /// "(1, 2.0, 'a')", "(1,)", "()".
@@ -250,7 +194,7 @@ protected:
     void SetItem(int index, omu_Primitive* owned);
     void RemoveItem(int index);
     void ClearItems() noexcept;
-    /// Appends the items first .. last - 1 of the other, or of this very sequence.
+    /// Appends the items first .. last - 1 of another sequence.
     void AppendItems(const omu_PrimTuple& other, int first, int last);
     void AppendSequence(const omu_PrimSequence* other);
     /// The first null item from `from` up to but not including `to`; -1 when there is none.

@@ -37,7 +37,7 @@ public:
     /// Takes the object over, as it is; null makes a null slot.
     void Append(omu_Primitive* owned);
     void AppendNumber(double value, DataTypeEnm dataType);
-    /// Appends the other's items first .. last - 1, which may be this vector itself; the items are shared.
+    /// Appends the items first .. last - 1 of another vector; they are shared.
     void AppendRange(const omu_PrimVector& other, int first, int last);
     /// Takes the object over; null makes a null slot.
     void Set(int index, omu_Primitive* owned);

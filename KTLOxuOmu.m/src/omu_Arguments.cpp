@@ -71,190 +71,48 @@ bool omu_Arguments::Read(T& out, const cow_String& keyword)
     return delivered;
 }
 
-bool omu_Arguments::Get(bool& out, const cow_String& keyword)
+template <omu_Readable T>
+bool omu_Arguments::Get(T& out, const cow_String& keyword)
 {
     return Read(out, keyword);
 }
 
-bool omu_Arguments::Get(int& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(signed char& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(short& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(unsigned int& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(float& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(double& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(cow_String& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(atr_String& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omi_complex& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_OrvexName& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_PrimPath& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_PrimType& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_PrimNone& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_PrimExpr& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_PrimException& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_PrimWrapper& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_PrimArray& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_PrimDictionary<int>& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_PrimDictionary<cow_String>& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_PyObjectWrapper& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_ListPyObjectWrapper& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_DictPyObjectWrapper& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_DictIntPyObjectWrapper& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_DictStrPyObjectWrapper& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(omu_PrimEnumBase& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(const omu_InterfaceObj*& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(std::unique_ptr<omu_Primitive>& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(cow_List<int>& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(cow_List<bool>& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(cow_List<float>& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(cow_List<double>& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(cow_List<cow_String>& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(cow_List<atr_String>& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(cow_2DArray<double>& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(cow_2DArray<cow_String>& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
-
-bool omu_Arguments::Get(cow_Map<cow_String, float>& out, const cow_String& keyword)
-{
-    return Read(out, keyword);
-}
+template OXU_EXPORT bool omu_Arguments::Get(bool&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(int&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(signed char&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(short&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(unsigned int&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(float&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(double&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(cow_String&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(atr_String&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omi_complex&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_OrvexName&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_PrimPath&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_PrimType&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_PrimNone&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_PrimExpr&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_PrimException&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_PrimWrapper&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_PrimArray&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_PrimDictionary<int>&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_PrimDictionary<cow_String>&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_PyObjectWrapper&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_ListPyObjectWrapper&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_DictPyObjectWrapper&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_DictIntPyObjectWrapper&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(omu_DictStrPyObjectWrapper&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(const omu_InterfaceObj*&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(std::unique_ptr<omu_Primitive>&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(cow_List<int>&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(cow_List<bool>&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(cow_List<float>&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(cow_List<double>&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(cow_List<cow_String>&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(cow_List<atr_String>&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(cow_2DArray<double>&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(cow_2DArray<cow_String>&, const cow_String&);
+template OXU_EXPORT bool omu_Arguments::Get(cow_Map<cow_String, float>&, const cow_String&);
 
 bool omu_Arguments::Get(omu_PrimTuple& out, const cow_String& keyword)
 {
@@ -264,6 +122,11 @@ bool omu_Arguments::Get(omu_PrimTuple& out, const cow_String& keyword)
     out.TakeItems(found);
     out.SetNesting(NestingOf(keyword));
     return true;
+}
+
+bool omu_Arguments::Get(omu_PrimEnumBase& out, const cow_String& keyword)
+{
+    return Read(out, keyword);
 }
 
 bool omu_Arguments::Alternative()

@@ -109,17 +109,17 @@ bool omu_Get(omu_Arguments& arguments, cow_Map<cow_String, T>& out, const cow_St
     return true;
 }
 
-template bool omu_Get(omu_PrimTuple&, cow_List<int>&);
-template bool omu_Get(omu_PrimTuple&, cow_List<double>&);
-template bool omu_Get(omu_PrimTuple&, cow_List<cow_String>&);
-template bool omu_Get(omu_Arguments&, cow_List<int>&, const cow_String&);
-template bool omu_Get(omu_Arguments&, cow_List<double>&, const cow_String&);
-template bool omu_Get(omu_Arguments&, cow_List<cow_String>&, const cow_String&);
-template bool omu_Get(omu_PrimTuple&, cow_2DArray<int>&);
-template bool omu_Get(omu_PrimTuple&, cow_2DArray<double>&);
-template bool omu_Get(omu_PrimTuple&, cow_2DArray<cow_String>&);
-template bool omu_Get(omu_Arguments&, cow_2DArray<int>&, const cow_String&);
-template bool omu_Get(omu_Arguments&, cow_2DArray<double>&, const cow_String&);
-template bool omu_Get(omu_Arguments&, cow_2DArray<cow_String>&, const cow_String&);
-template bool omu_Get(omu_PrimTuple&, cow_Map<cow_String, cls_xp2DArrayDouble>&);
-template bool omu_Get(omu_Arguments&, cow_Map<cow_String, cls_xp2DArrayDouble>&, const cow_String&);
+template OXU_EXPORT bool omu_Get(omu_PrimTuple&, cow_List<int>&);
+template OXU_EXPORT bool omu_Get(omu_PrimTuple&, cow_List<double>&);
+template OXU_EXPORT bool omu_Get(omu_PrimTuple&, cow_List<cow_String>&);
+template OXU_EXPORT bool omu_Get(omu_Arguments&, cow_List<int>&, const cow_String&);
+template OXU_EXPORT bool omu_Get(omu_Arguments&, cow_List<double>&, const cow_String&);
+template OXU_EXPORT bool omu_Get(omu_Arguments&, cow_List<cow_String>&, const cow_String&);
+template OXU_EXPORT bool omu_Get(omu_PrimTuple&, cow_2DArray<int>&);
+template OXU_EXPORT bool omu_Get(omu_PrimTuple&, cow_2DArray<double>&);
+template OXU_EXPORT bool omu_Get(omu_PrimTuple&, cow_2DArray<cow_String>&);
+template OXU_EXPORT bool omu_Get(omu_Arguments&, cow_2DArray<int>&, const cow_String&);
+template OXU_EXPORT bool omu_Get(omu_Arguments&, cow_2DArray<double>&, const cow_String&);
+template OXU_EXPORT bool omu_Get(omu_Arguments&, cow_2DArray<cow_String>&, const cow_String&);
+template OXU_EXPORT bool omu_Get(omu_PrimTuple&, cow_Map<cow_String, cls_xp2DArrayDouble>&);
+template OXU_EXPORT bool omu_Get(omu_Arguments&, cow_Map<cow_String, cls_xp2DArrayDouble>&, const cow_String&);

@@ -21,7 +21,7 @@ bool omu_GetIrregular(omu_Arguments& arguments, cow_2DArray<T>& out, const cow_S
     return true;
 }
 
-template bool omu_GetIrregular(omu_PrimTuple&, cow_2DArray<int>&);
-template bool omu_GetIrregular(omu_PrimTuple&, cow_2DArray<double>&);
-template bool omu_GetIrregular(omu_Arguments&, cow_2DArray<int>&, const cow_String&);
-template bool omu_GetIrregular(omu_Arguments&, cow_2DArray<double>&, const cow_String&);
+template OXU_EXPORT bool omu_GetIrregular(omu_PrimTuple&, cow_2DArray<int>&);
+template OXU_EXPORT bool omu_GetIrregular(omu_PrimTuple&, cow_2DArray<double>&);
+template OXU_EXPORT bool omu_GetIrregular(omu_Arguments&, cow_2DArray<int>&, const cow_String&);
+template OXU_EXPORT bool omu_GetIrregular(omu_Arguments&, cow_2DArray<double>&, const cow_String&);

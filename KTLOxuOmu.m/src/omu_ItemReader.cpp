@@ -1,78 +1,42 @@
 #include <limits>
-#include <omu_DictIntPyObjectWrapper.h>
-#include <omu_DictPyObjectWrapper.h>
-#include <omu_DictStrPyObjectWrapper.h>
 #include <omu_InterfaceObj.h>
 #include <omu_ItemReader.h>
-#include <omu_ListPyObjectWrapper.h>
 #include <omu_NumberText.h>
 #include <omu_OrvexName.h>
 #include <omu_PrimArray.h>
 #include <omu_PrimBoolean.h>
 #include <omu_PrimComplex.h>
+#include <omu_PrimDictionary.h>
 #include <omu_PrimEnumBase.h>
-#include <omu_PrimException.h>
-#include <omu_PrimExpr.h>
-#include <omu_PrimList.h>
-#include <omu_PrimNone.h>
 #include <omu_PrimPath.h>
 #include <omu_PrimString.h>
 #include <omu_PrimTranslatedString.h>
 #include <omu_PrimTuple.h>
-#include <omu_PrimType.h>
-#include <omu_PrimWrapper.h>
-#include <omu_PyObjectWrapper.h>
 #include <type_traits>
-#include <typeinfo>
 
 namespace
 {
 using DataTypeEnm = omu_PrimNumber::DataTypeEnm;
 
-// The item as a T, null when it is none. The exact class, which is nearly always met, costs no search.
-template <class T>
-const T* As(const omu_Primitive& item)
-{
-    return typeid(item) == typeid(T) ? static_cast<const T*>(&item) : dynamic_cast<const T*>(&item);
-}
-
 const omu_PrimNumber* AsNumber(const omu_Primitive& item)
 {
-    return item.IsType('f') || item.IsType('i') ? As<omu_PrimNumber>(item) : nullptr;
+    return item.IsType('f') || item.IsType('i') ? omu_ItemReader::As<omu_PrimNumber>(item) : nullptr;
 }
 
 const omu_PrimNumber* AsInteger(const omu_Primitive& item)
 {
-    return item.IsType('i') ? As<omu_PrimNumber>(item) : nullptr;
+    return item.IsType('i') ? omu_ItemReader::As<omu_PrimNumber>(item) : nullptr;
 }
 
 const omu_PrimTuple* AsSequence(const omu_Primitive& item)
 {
-    return item.IsType(omu_PrimTuple::KIND) ? As<omu_PrimTuple>(item) : nullptr;
+    return item.IsType(omu_PrimTuple::KIND) ? omu_ItemReader::As<omu_PrimTuple>(item) : nullptr;
 }
 
 const omu_PrimArray* AsArray(const omu_Primitive& item, int rank)
 {
-    const omu_PrimArray* array = item.IsType('o') ? As<omu_PrimArray>(item) : nullptr;
+    const omu_PrimArray* array = item.IsType('o') ? omu_ItemReader::As<omu_PrimArray>(item) : nullptr;
     return array != nullptr && (array->Rank() == rank || array->Size() == 0) ? array : nullptr;
-}
-
-// A dictionary that a script holds is another class of the same kind, whose entries are not here.
-template <class K>
-const omu_PrimDictionary<K>* AsDictionary(const omu_Primitive& item)
-{
-    return typeid(item) == typeid(omu_PrimDictionary<K>) ? static_cast<const omu_PrimDictionary<K>*>(&item)
-                                                         : nullptr;
-}
-
-template <class T>
-bool ReadAs(const omu_Primitive& item, char kind, T& out)
-{
-    const T* value = item.IsType(kind) ? As<T>(item) : nullptr;
-    if (value == nullptr)
-        return false;
-    out = *value;
-    return true;
 }
 
 // SCHAR and SHORT: of that very type, or an INT in its range.
@@ -92,9 +56,9 @@ bool ReadSmall(const omu_Primitive& item, DataTypeEnm ownType, T& out)
 // The text of a string of either kind; null for anything else.
 const cow_String* AsText(const omu_Primitive& item)
 {
-    if (const auto* text = item.IsType('s') ? As<omu_PrimString>(item) : nullptr)
+    if (const auto* text = item.IsType('s') ? omu_ItemReader::As<omu_PrimString>(item) : nullptr)
         return &text->Value();
-    if (const auto* text = item.IsType('l') ? As<omu_PrimTranslatedString>(item) : nullptr)
+    if (const auto* text = item.IsType('l') ? omu_ItemReader::As<omu_PrimTranslatedString>(item) : nullptr)
         return &text->AsTranslatedString().AsString();
     return nullptr;
 }
@@ -124,28 +88,6 @@ bool ReadElements(const omu_PrimArray& from, T* to)
     return true;
 }
 
-template <class T>
-bool ReadSequence(const omu_Primitive& item, cow_List<T>& out)
-{
-    if constexpr (std::is_arithmetic_v<T> && !std::is_same_v<T, bool>)
-        if (const omu_PrimArray* array = AsArray(item, 1))
-        {
-            auto values = cow_List<T>::Filled(array->Size(), T());
-            if (!ReadElements(*array, values.WriteData()))
-                return false;
-            out = values;
-            return true;
-        }
-    const omu_PrimTuple* tuple = AsSequence(item);
-    if (tuple == nullptr)
-        return false;
-    auto values = cow_List<T>::Filled(tuple->Length(), T());
-    if (!ReadItems(*tuple, values.WriteData()))
-        return false;
-    out = values;
-    return true;
-}
-
 // The length of every row; -1 where they differ, or where a row is no sequence.
 int CommonLength(const omu_PrimTuple& rows)
 {
@@ -161,34 +103,6 @@ int CommonLength(const omu_PrimTuple& rows)
         length = found;
     }
     return length;
-}
-
-template <class T>
-bool Read2DSequence(const omu_Primitive& item, cow_2DArray<T>& out)
-{
-    if constexpr (std::is_arithmetic_v<T>)
-        if (const omu_PrimArray* array = AsArray(item, 2))
-        {
-            const bool empty = array->Size() == 0;
-            cow_2DArray<T> values(empty ? 0 : array->Shape().Get(0), empty ? 0 : array->Shape().Get(1));
-            if (!ReadElements(*array, values.WriteData()))
-                return false;
-            out = values;
-            return true;
-        }
-    const omu_PrimTuple* rows = AsSequence(item);
-    if (rows == nullptr)
-        return false;
-    const int cols = CommonLength(*rows);
-    if (cols < 0)
-        return false;
-    cow_2DArray<T> values(rows->Length(), cols);
-    T* const first = values.WriteData();
-    for (int r = 0; r < rows->Length() && cols > 0; ++r)
-        if (!ReadItems(*AsSequence(*(*rows)[r]), first + static_cast<std::ptrdiff_t>(r) * cols))
-            return false;
-    out = values;
-    return true;
 }
 
 bool ReadPair(const omu_Primitive* item, cow_Map<cow_String, float>& out)
@@ -210,7 +124,7 @@ bool ReadPair(const omu_Primitive* item, cow_Map<cow_String, float>& out)
 
 bool omu_ItemReader::Read(const omu_Primitive& item, bool& out)
 {
-    if (const auto* boolean = item.IsType('b') ? As<omu_PrimBoolean>(item) : nullptr)
+    if (const auto* boolean = item.IsType('b') ? omu_ItemReader::As<omu_PrimBoolean>(item) : nullptr)
     {
         out = boolean->Value();
         return true;
@@ -290,7 +204,7 @@ bool omu_ItemReader::Read(const omu_Primitive& item, cow_String& out)
 
 bool omu_ItemReader::Read(const omu_Primitive& item, atr_String& out)
 {
-    if (const auto* text = item.IsType('l') ? As<omu_PrimTranslatedString>(item) : nullptr)
+    if (const auto* text = item.IsType('l') ? omu_ItemReader::As<omu_PrimTranslatedString>(item) : nullptr)
     {
         out = text->AsTranslatedString();
         return true;
@@ -304,7 +218,7 @@ bool omu_ItemReader::Read(const omu_Primitive& item, atr_String& out)
 
 bool omu_ItemReader::Read(const omu_Primitive& item, omi_complex& out)
 {
-    if (const auto* complex = item.IsType('x') ? As<omu_PrimComplex>(item) : nullptr)
+    if (const auto* complex = item.IsType('x') ? omu_ItemReader::As<omu_PrimComplex>(item) : nullptr)
     {
         out = complex->Value();
         return true;
@@ -319,93 +233,31 @@ bool omu_ItemReader::Read(const omu_Primitive& item, omi_complex& out)
 bool omu_ItemReader::Read(const omu_Primitive& item, omu_PrimPath& out)
 {
     const cow_String* file = AsText(item);
-    if (file == nullptr)
-        return ReadAs(item, 'p', out);
-    out = omu_PrimPath(*file);
+    if (file != nullptr)
+    {
+        out = omu_PrimPath(*file);
+        return true;
+    }
+    const omu_PrimPath* path = As<omu_PrimPath>(item);
+    if (path == nullptr)
+        return false;
+    out = *path;
     return true;
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, omu_PrimType& out)
-{
-    return ReadAs(item, 't', out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, omu_PrimNone& out)
-{
-    return ReadAs(item, 'n', out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, omu_PrimExpr& out)
-{
-    return ReadAs(item, 'e', out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, omu_PrimException& out)
-{
-    return ReadAs(item, 'E', out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, omu_PrimWrapper& out)
-{
-    return ReadAs(item, '<', out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, omu_PrimArray& out)
-{
-    return ReadAs(item, 'o', out);
 }
 
 bool omu_ItemReader::Read(const omu_Primitive& item, omu_PrimTuple& out)
 {
-    return ReadAs(item, omu_PrimTuple::KIND, out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, omu_PrimDictionary<int>& out)
-{
-    const auto* dictionary = AsDictionary<int>(item);
-    if (dictionary == nullptr)
+    const omu_PrimTuple* tuple = AsSequence(item);
+    if (tuple == nullptr)
         return false;
-    out = *dictionary;
+    out = *tuple;
     return true;
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, omu_PrimDictionary<cow_String>& out)
-{
-    const auto* dictionary = AsDictionary<cow_String>(item);
-    if (dictionary == nullptr)
-        return false;
-    out = *dictionary;
-    return true;
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, omu_PyObjectWrapper& out)
-{
-    return ReadAs(item, 'W', out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, omu_ListPyObjectWrapper& out)
-{
-    return ReadAs(item, 'L', out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, omu_DictPyObjectWrapper& out)
-{
-    return ReadAs(item, '{', out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, omu_DictIntPyObjectWrapper& out)
-{
-    return ReadAs(item, '{', out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, omu_DictStrPyObjectWrapper& out)
-{
-    return ReadAs(item, '{', out);
 }
 
 bool omu_ItemReader::Read(const omu_Primitive& item, omu_PrimEnumBase& out)
 {
-    const omu_PrimEnumBase* constant = item.IsType('c') ? As<omu_PrimEnumBase>(item) : nullptr;
+    const omu_PrimEnumBase* constant =
+        item.IsType('c') ? omu_ItemReader::As<omu_PrimEnumBase>(item) : nullptr;
     if (constant == nullptr)
         return false;
     const cow_Map<cow_String, unsigned> permissible = out.PermissibleValues();
@@ -439,58 +291,77 @@ bool omu_ItemReader::Read(const omu_Primitive& item, std::unique_ptr<omu_Primiti
     return true;
 }
 
-bool omu_ItemReader::Read(const omu_Primitive& item, cow_List<int>& out)
+template <class T>
+bool omu_ItemReader::Read(const omu_Primitive& item, cow_List<T>& out)
 {
-    return ReadSequence(item, out);
+    if constexpr (std::is_arithmetic_v<T> && !std::is_same_v<T, bool>)
+        if (const omu_PrimArray* array = AsArray(item, 1))
+        {
+            auto values = cow_List<T>::Filled(array->Size(), T());
+            if (!ReadElements(*array, values.WriteData()))
+                return false;
+            out = values;
+            return true;
+        }
+    const omu_PrimTuple* tuple = AsSequence(item);
+    if (tuple == nullptr)
+        return false;
+    auto values = cow_List<T>::Filled(tuple->Length(), T());
+    if (!ReadItems(*tuple, values.WriteData()))
+        return false;
+    out = values;
+    return true;
 }
 
-bool omu_ItemReader::Read(const omu_Primitive& item, cow_List<bool>& out)
+template <class T>
+bool omu_ItemReader::Read(const omu_Primitive& item, cow_2DArray<T>& out)
 {
-    return ReadSequence(item, out);
+    if constexpr (std::is_arithmetic_v<T>)
+        if (const omu_PrimArray* array = AsArray(item, 2))
+        {
+            const bool empty = array->Size() == 0;
+            cow_2DArray<T> values(empty ? 0 : array->Shape().Get(0), empty ? 0 : array->Shape().Get(1));
+            if (!ReadElements(*array, values.WriteData()))
+                return false;
+            out = values;
+            return true;
+        }
+    const omu_PrimTuple* rows = AsSequence(item);
+    if (rows == nullptr)
+        return false;
+    const int cols = CommonLength(*rows);
+    if (cols < 0)
+        return false;
+    cow_2DArray<T> values(rows->Length(), cols);
+    T* const first = values.WriteData();
+    for (int r = 0; r < rows->Length() && cols > 0; ++r)
+        if (!ReadItems(*AsSequence(*(*rows)[r]), first + static_cast<std::ptrdiff_t>(r) * cols))
+            return false;
+    out = values;
+    return true;
 }
 
-bool omu_ItemReader::Read(const omu_Primitive& item, cow_List<float>& out)
-{
-    return ReadSequence(item, out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, cow_List<double>& out)
-{
-    return ReadSequence(item, out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, cow_List<cow_String>& out)
-{
-    return ReadSequence(item, out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, cow_List<atr_String>& out)
-{
-    return ReadSequence(item, out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, cow_2DArray<double>& out)
-{
-    return Read2DSequence(item, out);
-}
-
-bool omu_ItemReader::Read(const omu_Primitive& item, cow_2DArray<cow_String>& out)
-{
-    return Read2DSequence(item, out);
-}
+template bool omu_ItemReader::Read(const omu_Primitive&, cow_List<int>&);
+template bool omu_ItemReader::Read(const omu_Primitive&, cow_List<bool>&);
+template bool omu_ItemReader::Read(const omu_Primitive&, cow_List<float>&);
+template bool omu_ItemReader::Read(const omu_Primitive&, cow_List<double>&);
+template bool omu_ItemReader::Read(const omu_Primitive&, cow_List<cow_String>&);
+template bool omu_ItemReader::Read(const omu_Primitive&, cow_List<atr_String>&);
+template bool omu_ItemReader::Read(const omu_Primitive&, cow_2DArray<double>&);
+template bool omu_ItemReader::Read(const omu_Primitive&, cow_2DArray<cow_String>&);
 
 bool omu_ItemReader::Read(const omu_Primitive& item, cow_Map<cow_String, float>& out)
 {
     cow_Map<cow_String, float> values;
-    if (const auto* dictionary = AsDictionary<cow_String>(item))
+    if (omu_PrimDictionary<cow_String> dictionary; Read(item, dictionary))
     {
-        for (int i = 0; i < dictionary->Length(); ++i)
+        for (int i = 0; i < dictionary.Length(); ++i)
         {
-            const omu_Primitive* value = dictionary->ValueAt(i);
+            const omu_Primitive* value = dictionary.ValueAt(i);
             float number = 0.0F;
             if (value == nullptr || !Read(*value, number))
                 return false;
-            values.Insert(dictionary->KeyAt(i), number);
+            values.Insert(dictionary.KeyAt(i), number);
         }
         out = values;
         return true;

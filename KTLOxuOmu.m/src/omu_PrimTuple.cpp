@@ -280,90 +280,48 @@ bool omu_PrimTuple::Read(T& out)
     return delivered;
 }
 
-bool omu_PrimTuple::Get(bool& out)
+template <omu_Readable T>
+bool omu_PrimTuple::Get(T& out)
 {
     return Read(out);
 }
 
-bool omu_PrimTuple::Get(int& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(signed char& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(short& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(unsigned int& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(float& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(double& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(cow_String& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(atr_String& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omi_complex& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omu_PrimPath& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omu_PrimType& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omu_PrimNone& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omu_PrimExpr& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omu_PrimException& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omu_PrimWrapper& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omu_PrimArray& out)
-{
-    return Read(out);
-}
+template OXU_EXPORT bool omu_PrimTuple::Get(bool&);
+template OXU_EXPORT bool omu_PrimTuple::Get(int&);
+template OXU_EXPORT bool omu_PrimTuple::Get(signed char&);
+template OXU_EXPORT bool omu_PrimTuple::Get(short&);
+template OXU_EXPORT bool omu_PrimTuple::Get(unsigned int&);
+template OXU_EXPORT bool omu_PrimTuple::Get(float&);
+template OXU_EXPORT bool omu_PrimTuple::Get(double&);
+template OXU_EXPORT bool omu_PrimTuple::Get(cow_String&);
+template OXU_EXPORT bool omu_PrimTuple::Get(atr_String&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omi_complex&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_OrvexName&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_PrimPath&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_PrimType&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_PrimNone&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_PrimExpr&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_PrimException&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_PrimWrapper&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_PrimArray&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_PrimDictionary<int>&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_PrimDictionary<cow_String>&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_PyObjectWrapper&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_ListPyObjectWrapper&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_DictPyObjectWrapper&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_DictIntPyObjectWrapper&);
+template OXU_EXPORT bool omu_PrimTuple::Get(omu_DictStrPyObjectWrapper&);
+template OXU_EXPORT bool omu_PrimTuple::Get(const omu_InterfaceObj*&);
+template OXU_EXPORT bool omu_PrimTuple::Get(std::unique_ptr<omu_Primitive>&);
+template OXU_EXPORT bool omu_PrimTuple::Get(cow_List<int>&);
+template OXU_EXPORT bool omu_PrimTuple::Get(cow_List<bool>&);
+template OXU_EXPORT bool omu_PrimTuple::Get(cow_List<float>&);
+template OXU_EXPORT bool omu_PrimTuple::Get(cow_List<double>&);
+template OXU_EXPORT bool omu_PrimTuple::Get(cow_List<cow_String>&);
+template OXU_EXPORT bool omu_PrimTuple::Get(cow_List<atr_String>&);
+template OXU_EXPORT bool omu_PrimTuple::Get(cow_2DArray<double>&);
+template OXU_EXPORT bool omu_PrimTuple::Get(cow_2DArray<cow_String>&);
+template OXU_EXPORT bool omu_PrimTuple::Get(cow_Map<cow_String, float>&);
 
 bool omu_PrimTuple::Get(omu_PrimTuple& out)
 {
@@ -376,102 +334,7 @@ bool omu_PrimTuple::Get(omu_PrimTuple& out)
     return true;
 }
 
-bool omu_PrimTuple::Get(omu_PrimDictionary<int>& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omu_PrimDictionary<cow_String>& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omu_PyObjectWrapper& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omu_ListPyObjectWrapper& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omu_DictPyObjectWrapper& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omu_DictIntPyObjectWrapper& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omu_DictStrPyObjectWrapper& out)
-{
-    return Read(out);
-}
-
 bool omu_PrimTuple::Get(omu_PrimEnumBase& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(omu_OrvexName& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(const omu_InterfaceObj*& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(std::unique_ptr<omu_Primitive>& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(cow_List<int>& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(cow_List<bool>& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(cow_List<float>& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(cow_List<double>& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(cow_List<cow_String>& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(cow_List<atr_String>& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(cow_2DArray<double>& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(cow_2DArray<cow_String>& out)
-{
-    return Read(out);
-}
-
-bool omu_PrimTuple::Get(cow_Map<cow_String, float>& out)
 {
     return Read(out);
 }
@@ -530,50 +393,15 @@ T omu_PrimTuple::Converted() const
     return values;
 }
 
-cow_List<int> omu_PrimTuple::AsListInt() const
-{
-    return Converted<cow_List<int>>();
-}
-
-cow_List<bool> omu_PrimTuple::AsListBool() const
-{
-    return Converted<cow_List<bool>>();
-}
-
-cow_List<float> omu_PrimTuple::AsListFloat() const
-{
-    return Converted<cow_List<float>>();
-}
-
-cow_List<double> omu_PrimTuple::AsListDouble() const
-{
-    return Converted<cow_List<double>>();
-}
-
-cow_List<cow_String> omu_PrimTuple::AsListString() const
-{
-    return Converted<cow_List<cow_String>>();
-}
-
-cow_List<atr_String> omu_PrimTuple::AsListTranslatedString() const
-{
-    return Converted<cow_List<atr_String>>();
-}
-
-cow_2DArray<double> omu_PrimTuple::As2DArrayDouble() const
-{
-    return Converted<cow_2DArray<double>>();
-}
-
-cow_2DArray<cow_String> omu_PrimTuple::As2DArrayString() const
-{
-    return Converted<cow_2DArray<cow_String>>();
-}
-
-cow_Map<cow_String, float> omu_PrimTuple::AsMapString2Float() const
-{
-    return Converted<cow_Map<cow_String, float>>();
-}
+template OXU_EXPORT cow_List<int> omu_PrimTuple::Converted() const;
+template OXU_EXPORT cow_List<bool> omu_PrimTuple::Converted() const;
+template OXU_EXPORT cow_List<float> omu_PrimTuple::Converted() const;
+template OXU_EXPORT cow_List<double> omu_PrimTuple::Converted() const;
+template OXU_EXPORT cow_List<cow_String> omu_PrimTuple::Converted() const;
+template OXU_EXPORT cow_List<atr_String> omu_PrimTuple::Converted() const;
+template OXU_EXPORT cow_2DArray<double> omu_PrimTuple::Converted() const;
+template OXU_EXPORT cow_2DArray<cow_String> omu_PrimTuple::Converted() const;
+template OXU_EXPORT cow_Map<cow_String, float> omu_PrimTuple::Converted() const;
 
 atr_String omu_PrimTuple::TypeString() const
 {

@@ -37,16 +37,15 @@ void omu_PrimVector::AppendRange(const omu_PrimVector& other, int first, int las
 {
     if (first >= last)
         return;
-    const omu_PrimVector source(other); // which may be this very vector
-    Packed* const packed = source.m_Packed ? WritePacked() : nullptr;
+    Packed* const packed = other.m_Packed ? WritePacked() : nullptr;
     if (packed != nullptr)
     {
-        const std::vector<Number>& numbers = source.m_Packed->numbers;
+        const std::vector<Number>& numbers = other.m_Packed->numbers;
         packed->numbers.insert(packed->numbers.end(), numbers.begin() + first, numbers.begin() + last);
         return;
     }
     Items& items = WriteItems();
-    const Items& more = source.AsItems();
+    const Items& more = other.AsItems();
     for (int i = first; i < last; ++i)
         items.AppendFrom(more, i);
 }

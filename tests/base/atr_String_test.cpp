@@ -74,7 +74,7 @@ TEST_P(atr_Substitution, MatchesTable)
 INSTANTIATE_TEST_SUITE_P(
     Rows, atr_Substitution,
     testing::Values(
-        FormatRow{"plain_text", "no placeholder", {}, "no placeholder"}, FormatRow{"empty", "", {"x"}, ""},
+        FormatRow{"plain_text", "no mark", {}, "no mark"}, FormatRow{"empty", "", {"x"}, ""},
         FormatRow{"text_and_number", "%s has %d", {"a", "3"}, "a has 3"},
         FormatRow{"adjacent", "%s%s%s", {"a", "b", "c"}, "abc"},
         FormatRow{"inserted_text_is_not_read_again", "%s and %s", {"%s", "%1$s%%"}, "%s and %1$s%%"},
@@ -95,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(
         FormatRow{"position_without_letter", "%1$ %1$x %1", {"x"}, "%1$ %1$x %1"},
         FormatRow{"position_zero", "%0$s %s", {"x"}, "%0$s x"},
         FormatRow{"position_of_three_digits", "%123$s %s", {"x"}, "%123$s x"},
-        FormatRow{"percent_before_placeholder", "% %s %d%", {"a", "b"}, "% a b%"}),
+        FormatRow{"percent_before_mark", "% %s %d%", {"a", "b"}, "% a b%"}),
     [](const auto& row) { return std::string(row.param.what); });
 
 TEST(atr_String, ATextIsFinalAsItStands)

@@ -205,8 +205,7 @@ INSTANTIATE_TEST_SUITE_P(
         Stored{"IntDictionary", Maker<IntDictionary>(),
                "omu_Primitive\n  type CHAR '{'\nomu_PrimDictionaryBase\n  m_Represents CHAR 'i'\n"
                "omu_PrimIntDictionary\n  m_map OBJECT/3 {}\n"},
-        Stored{"Wrapper",
-               [] { return std::make_unique<omu_PrimWrapper>(4, nullptr, SomeDictionary()); },
+        Stored{"Wrapper", [] { return std::make_unique<omu_PrimWrapper>(4, nullptr, SomeDictionary()); },
                "omu_Primitive\n  type CHAR '<'\nomu_PrimWrapper\n  objectType INT 4\n  members OBJECT #2\n"},
         Stored{"Tuple", Maker<omu_PrimTuple>(cow_List<double>{1.5, 2.5}),
                "omu_Primitive\n  type CHAR '('\nomu_PrimSequence\nomu_PrimTuple\n"
@@ -280,7 +279,8 @@ TEST_P(StoredArray, IsRefused)
     MemoryStore store;
     const int number = store.Write(omu_PrimArray());
     MemoryPart& part = store.LastPart(number);
-    part.Set("m_shape", cls_AttributeType::OBJECT, MemoryList{GetParam().shape}, cls_CollectionType::LIST_INT);
+    part.Set("m_shape", cls_AttributeType::OBJECT, MemoryList{GetParam().shape},
+             cls_CollectionType::LIST_INT);
     part.Set("m_ints", cls_AttributeType::OBJECT, MemoryList{GetParam().ints}, cls_CollectionType::LIST_INT);
     part.Set("m_doubles", cls_AttributeType::OBJECT, MemoryList{GetParam().doubles},
              cls_CollectionType::LIST_DOUBLE);
@@ -505,7 +505,8 @@ TEST_F(Persistence, DestructorHooksFreeABody)
 
 TEST_F(Persistence, AbstractClassesAreNotMadeByTypeId)
 {
-    for (const unsigned typeId : {omu_Primitive::TypeId(), omu_PrimDictionaryBase::TypeId(), omu_PrimSequence::TypeId()})
+    for (const unsigned typeId :
+         {omu_Primitive::TypeId(), omu_PrimDictionaryBase::TypeId(), omu_PrimSequence::TypeId()})
         EXPECT_TRUE(Registrar().Find(typeId)->Adapter()->IsAbstract());
 }
 

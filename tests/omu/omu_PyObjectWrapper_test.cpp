@@ -58,7 +58,6 @@ TEST(PyObjectWrapper, WithoutOperations)
     EXPECT_TRUE(wrapper == omu_PyObjectWrapper(object)) << "the same object";
     EXPECT_FALSE(wrapper == omu_PyObjectWrapper(Handle({1, 2})));
     EXPECT_EQ(omu_ListPyObjectWrapper(object).Length(), 0);
-    EXPECT_EQ(object.Item(omu_PrimNumber(0)), nullptr);
 }
 
 TEST(PyObjectWrapper, WithOperations)
@@ -70,9 +69,7 @@ TEST(PyObjectWrapper, WithOperations)
     EXPECT_TRUE(wrapper == omu_PyObjectWrapper(Handle({1, 2}))) << "equal objects";
     EXPECT_FALSE(wrapper == omu_PyObjectWrapper(Handle({1, 3})));
     EXPECT_FALSE(wrapper == omu_PyObjectWrapper());
-    EXPECT_FALSE(omu_PyObjectWrapper() == wrapper);
     EXPECT_FALSE(wrapper == omu_ListPyObjectWrapper(wrapper.Object())) << "another class";
-    EXPECT_EQ(omu_PyObjectWrapper().AsString(0), "<scripting object>");
 }
 
 TEST(PyObjectWrapper, ListIsLeftWhereItIs)
@@ -85,26 +82,11 @@ TEST(PyObjectWrapper, ListIsLeftWhereItIs)
     const auto text = [](omu_Primitive* owned) { return std::unique_ptr<omu_Primitive>(owned)->AsString(0); };
     EXPECT_EQ(text(list.Index(2)), "3");
     EXPECT_RAISE(list.Index(3), nex_RangeException, "index 3 out of range, length 3");
-    EXPECT_RAISE(list.Index(-1), nex_RangeException, "index -1 out of range, length 3");
     EXPECT_EQ(text(list.Slice(1, 9)), "[2, 3]");
-    EXPECT_EQ(text(list.Repeat(2)), "[1, 2, 3, 1, 2, 3]");
     EXPECT_EQ(text(list.Concat(&list)), "[1, 2, 3, 1, 2, 3]");
     EXPECT_EQ(text(omu_PrimTuple(cow_List<int>{0}).Concat(&list)), "(0, 1, 2, 3)");
     EXPECT_EQ(list.AsList().AsListInt(), (cow_List<int>{1, 2, 3}));
     EXPECT_RAISE(list.Put(4), nex_PrimException, "Error: Illegal operation for type.");
-}
-
-TEST(PyObjectWrapper, LastCopyLetsTheObjectGo)
-{
-    int released = 0;
-    int object = 0;
-    {
-        const omu_PyObjectWrapper wrapper(
-            omu_PyObjectHandle(std::shared_ptr<void>(&object, [&](void*) { ++released; })));
-        const std::unique_ptr<omu_Primitive> copy(wrapper.Copy());
-        EXPECT_EQ(dynamic_cast<const omu_PyObjectWrapper&>(*copy).Object().Get().get(), &object);
-    }
-    EXPECT_EQ(released, 1);
 }
 
 template <class Wrapper>
@@ -122,6 +104,5 @@ TEST(PyObjectWrapper, IsNeverStored)
     ExpectNotStored<omu_DictPyObjectWrapper>();
     ExpectNotStored<omu_DictIntPyObjectWrapper>();
     ExpectNotStored<omu_DictStrPyObjectWrapper>();
-    EXPECT_STREQ(omu_PyObjectWrapper::NAME, "omu_PyObjectWrapper");
 }
 }

@@ -68,7 +68,6 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"IntOnTheLowerBound", In(0, true, 0, 10, false), PASSES},
         Row{"IntOnTheUpperBound", In(0, true, 10, 10, false), INT + "in the range: 0 <= k < 10"},
         Row{"IntOnTheExclusiveLowerBound", In(0, false, 0, 10, true), INT + "in the range: 0 < k <= 10"},
-        Row{"IntUpperBoundIncluded", In(0, false, 10, 10, true), PASSES},
         Row{"IntOneSided", In(LEAST, false, 11, 10, true), INT + "<= 10"},
         // Only an exclusive end of the type is no limit.
         Row{"IntInclusiveEnd", In(LEAST, true, 11, 10, true), INT + "in the range: -2147483648 <= k <= 10"},
@@ -76,17 +75,13 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"IntLess", Less(5, true, 5), PASSES}, Row{"IntNotLess", Less(5, false, 5), INT + "< 5"},
         Row{"IntLessRefusesTheLeast", Less(5, true, LEAST), INT + "<= 5"},
         Row{"IntGreater", Greater(5, true, 5), PASSES},
-        Row{"IntNotGreater", Greater(5, false, 5), INT + "> 5"},
         Row{"IntGreaterRefusesTheMost", Greater(5, true, MOST), INT + ">= 5"},
-        Row{"FloatInside", In(0.0, true, 0.5, 1.0, true), PASSES},
-        Row{"FloatBelow", In(0.0, true, -0.5, 1.0, false), FLOAT + "in the range: 0.0 <= k < 1.0"},
         Row{"FloatAbove", In(0.1, false, 2.0, 1.0, true), FLOAT + "in the range: 0.1 < k <= 1.0"},
         // The ends of the type are no limits in the message, inclusive or not.
         Row{"FloatInclusiveEnds", In(SMALL, true, 0.0, LARGE, true), FLOAT},
         Row{"FloatLess", Less(1.0, true, 0.5), PASSES},
         // The message looks satisfied, and the check refuses all the same: the lower end is above zero.
         Row{"FloatLessRefusesZero", Less(1.0, true, 0.0), FLOAT + "<= 1.0"},
-        Row{"FloatLessRefusesNegatives", Less(1.0, false, -5.0), FLOAT + "< 1.0"},
         Row{"FloatLessRefusesTheSmallest", Less(1.0, true, SMALL), FLOAT + "<= 1.0"},
         Row{"FloatGreater", Greater(0.0, false, 1e-300), PASSES},
         Row{"FloatNotGreater", Greater(0.0, false, 0.0), FLOAT + "> 0.0"},
@@ -94,7 +89,6 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"FloatGreaterRefusesInfinity", Greater(0.0, true, INF), FLOAT + ">= 0.0"},
         Row{"NotANumberInRange", In(0.0, true, NOT_A_NUMBER, 1.0, true),
             FLOAT + "in the range: 0.0 <= k <= 1.0"},
-        Row{"NotANumberLess", Less(1.0, true, NOT_A_NUMBER), FLOAT + "<= 1.0"},
         Row{"NotANumberGreater", Greater(0.0, true, NOT_A_NUMBER), FLOAT + ">= 0.0"},
         Row{"NotANumberAsALimit", In(NOT_A_NUMBER, true, 0.5, 1.0, true),
             FLOAT + "in the range: nan.0 <= k <= 1.0"}),

@@ -121,7 +121,7 @@ void KTLBasException::DBWrite(const cls_WriteVisitor& writer) const
 
 void KTLBasException::SetTraceback(cow_String traceback)
 {
-    traceback_ = traceback;
+    traceback_ = std::move(traceback);
 }
 
 cow_String KTLBasException::GetTraceback() const

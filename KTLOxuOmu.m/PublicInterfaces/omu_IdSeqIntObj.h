@@ -28,6 +28,7 @@ public:
     omu_Primitive* Concat(const omu_SeqIntObj* other) const override;
     omu_Primitive* Remove(int position) const override;
     omu_Primitive* RemoveSlice(int from, int to) const override;
+    omu_Primitive* RemoveDuplicates() const override;
     /// False, on purpose: an identifier sequence never reports an entry as unique.
     bool IsUnique(int position) const override;
 

@@ -28,6 +28,8 @@ class omu_PrimWrapper;
 /// Stale once the object is gone: members and methods then raise omu_AccessErrorException with the path,
 /// while the handle can still be traced, printed and compared. Equality: the same type and the same path;
 /// without a path an object equals itself alone. Values that operations return are owned by the caller.
+///
+/// Never stored: DBWrite refuses, "Part cannot be stored". Who stores references stores paths, as texts.
 class OXU_EXPORT omu_InterfaceObj : public omu_Primitive
 {
 public:

@@ -47,6 +47,8 @@ public:
     virtual omu_Primitive* Copy() const = 0;
     /// Type id of the most derived class that has one.
     virtual unsigned DynTypeId() const;
+    /// A value whose class has no type id, an interface object, has no stored form: nex_PrimException "<type
+    /// name> cannot be stored", so that what holds it is refused too and nothing unreadable is written.
     virtual void DBWrite(const cls_WriteVisitor& writer) const;
 
     bool operator!=(const omu_Primitive& other) const { return !(*this == other); }
@@ -69,6 +71,8 @@ protected:
 
     /// For reading constructors: data must not make an object of one class pass for another kind.
     void SetType(char kind) { m_Type = kind; }
+    /// Raises nex_PrimException "<name> cannot be stored".
+    [[noreturn]] static void RefuseStoring(const cow_String& name);
 
 private:
     char m_Type;

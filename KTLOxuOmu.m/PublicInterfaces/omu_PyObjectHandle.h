@@ -32,9 +32,6 @@ public:
     /// All items by index.
     omu_PrimList AsList() const;
 
-    /// Raises nex_PrimException "<class> cannot be stored".
-    [[noreturn]] static void RefuseStoring(const char* className);
-
     /// The same object, or equal ones by the operations.
     friend OXU_EXPORT bool operator==(const omu_PyObjectHandle& a, const omu_PyObjectHandle& b);
 

@@ -27,7 +27,7 @@ public:
     Base* Copy() const override { return new Wrapper(static_cast<const Wrapper&>(*this)); }
     unsigned DynTypeId() const override { return Wrapper::TypeId(); }
     /// Raises nex_PrimException "<class> cannot be stored".
-    void DBWrite(const cls_WriteVisitor&) const override { omu_PyObjectHandle::RefuseStoring(Wrapper::NAME); }
+    void DBWrite(const cls_WriteVisitor&) const override { omu_Primitive::RefuseStoring(Wrapper::NAME); }
 
 protected:
     template <class... Arguments>

@@ -7,7 +7,7 @@
 /// A number outside the limits of its argument: "n must be an Integer in the range: 1 <= n <= 10".
 ///
 /// Limits are kept as text. A qualifier outside 0..2 on either side leaves nothing of the message but its
-/// beginning, "n must be " with its blank; so do two limits of which there is none.
+/// beginning, "n must be " with its blank; so do two qualifiers that both say "no limit".
 class OXU_EXPORT omu_RangeErrorException : public nex_CommandException
 {
 public:

@@ -10,8 +10,12 @@ void omu_ChangeHistory::addChange(const omu_PrimTuple& change)
     ++nextMark_;
     if (Length() > LIMIT)
         changes_.pop_front();
-    if (listener_ != nullptr)
-        listener_->Changed(change);
+    if (listener_ == nullptr)
+        return;
+    // A copy of its own: what was given may be a change that has just fallen out, or that the listener
+    // clears.
+    const omu_PrimTuple posted(changes_.back());
+    listener_->Changed(posted);
 }
 
 void omu_ChangeHistory::Clear()
@@ -27,7 +31,7 @@ omu_ChangeListener* omu_ChangeHistory::Listen(omu_ChangeListener* listener)
 const omu_PrimTuple& omu_ChangeHistory::Change(int index) const
 {
     if (index < 0 || index >= Length())
-        nex_RaiseRange(index, Length());
+        nex_RaiseRange(index, Length(), "KTLOxuOmu.m/src/omu_ChangeHistory", __LINE__);
     return changes_[static_cast<std::size_t>(index)];
 }
 

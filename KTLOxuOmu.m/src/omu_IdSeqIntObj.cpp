@@ -85,6 +85,11 @@ omu_Primitive* omu_IdSeqIntObj::RemoveSlice(int, int) const
     return nullptr;
 }
 
+omu_Primitive* omu_IdSeqIntObj::RemoveDuplicates() const
+{
+    return nullptr;
+}
+
 bool omu_IdSeqIntObj::IsUnique(int) const
 {
     return false;

@@ -525,8 +525,9 @@ cow_List<cow_String> omu_InterfaceObj::BaseTypes() const
 
 cow_String omu_InterfaceObj::DefaultRepr() const
 {
+    const cow_String type = ExposedTypeName();
     cow_String text = "<";
-    text += TypeString();
+    text += type.IsEmpty() ? cow_String(UNIVERSAL_TYPE) : type;
     text += " object";
     if (!IsStale())
     {

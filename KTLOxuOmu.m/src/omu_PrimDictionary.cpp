@@ -6,6 +6,7 @@
 #include <omu_PrimString.h>
 #include <omu_PrimVisitor.h>
 #include <string>
+#include <typeinfo>
 #include <utility>
 
 namespace
@@ -100,8 +101,9 @@ cow_String omu_PrimDictionary<K>::AsString(int) const
 template <class K>
 bool omu_PrimDictionary<K>::operator==(const omu_Primitive& other) const
 {
-    const auto* dictionary = dynamic_cast<const omu_PrimDictionary*>(&other);
-    return dictionary != nullptr && m_Entries == dictionary->m_Entries;
+    // Of this very class: a dictionary that a script holds has no entries here.
+    return typeid(*this) == typeid(other) &&
+           m_Entries == static_cast<const omu_PrimDictionary&>(other).m_Entries;
 }
 
 template <class K>

@@ -59,7 +59,7 @@ void omu_PrimVector::Set(int index, omu_Primitive* owned)
 void omu_PrimVector::Remove(int index)
 {
     if (index < 0 || index >= Length())
-        nex_RaiseRange(index, Length());
+        nex_RaiseRange(index, Length(), "KTLOxuOmu.m/src/omu_PrimVector", __LINE__);
     if (Packed* const packed = WritePacked())
         packed->numbers.erase(packed->numbers.begin() + index);
     else

@@ -3,7 +3,10 @@
 #include <cls_MetadataRegistrar.h>
 #include <cls_ReadVisitor.h>
 #include <cls_WriteVisitor.h>
+#include <nex_PrimException.h>
+#include <nex_RaiseWith.h>
 #include <omu_Primitive.h>
+#include <oxu_FormatMessage.h>
 
 namespace
 {
@@ -56,7 +59,16 @@ bool omu_Primitive::IsA(unsigned typeId) const
 
 void omu_Primitive::DBWrite(const cls_WriteVisitor& writer) const
 {
+    // Nothing is ever created by the id of this class.
+    if (DynTypeId() == TypeId())
+        RefuseStoring(TypeString());
     if (!writer.Announce(TypeId(), uid_))
         return;
     writer.WriteChar(FIELDS[TYPE], m_Type);
+}
+
+void omu_Primitive::RefuseStoring(const cow_String& name)
+{
+    nex_Raise(nex_PrimException(oxu_FormatMessage("%s cannot be stored", name)),
+              "KTLOxuOmu.m/src/omu_Primitive", __LINE__);
 }

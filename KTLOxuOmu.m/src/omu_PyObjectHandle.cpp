@@ -1,9 +1,6 @@
-#include <nex_PrimException.h>
-#include <nex_RaiseWith.h>
 #include <omu_PrimList.h>
 #include <omu_PrimNumber.h>
 #include <omu_PyObjectHandle.h>
-#include <oxu_FormatMessage.h>
 
 atr_String omu_PyObjectHandle::TypeName() const
 {
@@ -36,12 +33,6 @@ omu_PrimList omu_PyObjectHandle::AsList() const
     for (int i = 0; i < length; ++i)
         items.Put(Item(omu_PrimNumber(i)));
     return items;
-}
-
-void omu_PyObjectHandle::RefuseStoring(const char* className)
-{
-    nex_Raise(nex_PrimException(oxu_FormatMessage("%s cannot be stored", className)),
-              "KTLOxuOmu.m/src/omu_PyObjectHandle", __LINE__);
 }
 
 bool operator==(const omu_PyObjectHandle& a, const omu_PyObjectHandle& b)

@@ -9,6 +9,7 @@
 
 namespace
 {
+constexpr const char* SOURCE = "KTLOxuOmu.m/src/omu_Table";
 constexpr const char* GAP = "  ";
 
 std::string CellText(const omu_Primitive* cell)
@@ -96,8 +97,8 @@ cow_String omu_Table::AsString() const
 int omu_Table::PlaceOf(int row, int column) const
 {
     if (row < 0 || row >= m_Rows)
-        nex_RaiseRange(row, m_Rows);
+        nex_RaiseRange(row, m_Rows, SOURCE, __LINE__);
     if (column < 0 || column >= Columns())
-        nex_RaiseRange(column, Columns());
+        nex_RaiseRange(column, Columns(), SOURCE, __LINE__);
     return row * Columns() + column;
 }

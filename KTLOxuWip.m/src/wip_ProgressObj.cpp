@@ -75,5 +75,5 @@ bool wip_ProgressObj::Restart(float f)
 {
     Finish();
     done_ = false;
-    return f >= 0.0f ? progress_->Update(f) : true;
+    return f < 0.0f || progress_->Update(f);
 }

@@ -2,28 +2,15 @@
 
 #include <omu_Get.h>
 #include <omu_GetIrregular.h>
-#include <omu_PrimList.h>
-#include <omu_PrimString.h>
 #include <omu_ReturnPrim.h>
-#include <ostream>
-#include <testing/Outcome.h>
-
-#include <gtest/gtest.h>
+#include <testing/ValueTesting.h>
 
 namespace
 {
-template <class... Items>
-omu_PrimTuple T(const Items&... items)
-{
-    omu_PrimTuple tuple;
-    (tuple.Put(items), ...);
-    return tuple;
-}
-
 template <class V>
 std::string Text(const V& values)
 {
-    return std::unique_ptr<omu_PrimList>(omu_ReturnPrim(values))->AsString(0).AsCharPtr();
+    return Text(static_cast<omu_Primitive*>(omu_ReturnPrim(values)));
 }
 
 std::string Text(const cow_Map<cow_String, cls_xp2DArrayDouble>& values)
@@ -49,18 +36,12 @@ std::string ByGetIrregular(omu_Arguments& arguments, bool byKeyword)
                                                                                                    : "-";
 }
 
-struct Row
+struct Row : NamedRow
 {
-    const char* name;
     Reads reads;
     std::shared_ptr<omu_Primitive> value;
     std::string outcome; // by keyword; by position "points" is "arg1"
 };
-
-void PrintTo(const Row& row, std::ostream* out)
-{
-    *out << row.name;
-}
 
 template <class V>
 std::shared_ptr<omu_Primitive> Given(const V& value)
@@ -75,8 +56,7 @@ std::shared_ptr<omu_Primitive> Map(const omu_Primitive& value)
     return Given(dictionary);
 }
 
-class NestedArgument : public testing::TestWithParam<Row>
-{};
+using NestedArgument = testing::TestWithParam<Row>;
 
 TEST_P(NestedArgument, ComesToItsOutcome)
 {
@@ -95,45 +75,43 @@ TEST_P(NestedArgument, ComesToItsOutcome)
     std::string wanted = GetParam().outcome;
     if (const auto at = wanted.find("points"); at != std::string::npos)
         wanted.replace(at, 6, "arg1");
-    EXPECT_EQ(outcome(omu_Arguments(T(*GetParam().value)), false), wanted);
+    EXPECT_EQ(outcome(omu_Arguments(TupleOf(*GetParam().value)), false), wanted);
 }
 
 using Doubles = cow_List<double>;
 using Doubles2D = cow_2DArray<double>;
 using Maps = cow_Map<cow_String, cls_xp2DArrayDouble>;
-INSTANTIATE_TEST_SUITE_P(
-    Rows, NestedArgument,
-    testing::Values(Row{"List", ByGet<Doubles>, Given(omu_PrimList(cow_List<int>{1, 2})), "[1.0, 2.0]"},
-                    Row{"Texts", ByGet<cow_List<cow_String>>, Given(T("a", "b")), "['a', 'b']"},
-                    Row{"WrongElement", ByGet<Doubles>, Given(T(1, "a")),
-                        "TypeError: points[1]; found string, expecting float"},
-                    Row{"NoSequence", ByGet<cow_List<int>>, Given(omu_PrimString("a")),
-                        "TypeError: points; found string, expecting tuple"},
-                    Row{"Rows", ByGet<Doubles2D>, Given(T(T(1, 2), T(3, 4))), "[[1.0, 2.0], [3.0, 4.0]]"},
-                    Row{"NoRows", ByGet<cow_2DArray<int>>, Given(T()), "[]"},
-                    Row{"WrongCell", ByGet<Doubles2D>, Given(T(T(1), T("a"))),
-                        "TypeError: points[1][0]; found string, expecting float"},
-                    Row{"WrongRow", ByGet<cow_2DArray<cow_String>>, Given(T(T("a"), "a", T(1))),
-                        "TypeError: points[1]; found string, expecting tuple"},
-                    Row{"LongRow", ByGet<Doubles2D>, Given(T(T(1, 2), T(3, 4, 5))),
-                        "TypeError: points[1]; too many arguments; expected 2, got 3"},
-                    Row{"ShortRow", ByGet<Doubles2D>, Given(T(T(1, 2), T(3))),
-                        "TypeError: points[1]; not all required arguments specified; expected 2, got 1"},
-                    Row{"Irregular", ByGetIrregular<double>, Given(T(T(1), T(2, 3, 4), T())),
-                        "[[1.0, 0.0, 0.0], [2.0, 3.0, 4.0], [0.0, 0.0, 0.0]]"},
-                    Row{"IrregularWrongCell", ByGetIrregular<int>, Given(T(T(1), T(2, "a"))),
-                        "TypeError: points[1][1]; found string, expecting int"},
-                    Row{"Map", ByGet<Maps>, Map(T(T(1, 2))), "a[[1.0, 2.0]]"},
-                    Row{"NoMap", ByGet<Maps>, Given(T()),
-                        "TypeError: points; found tuple, expecting Map of string to 2D sequence of Floats"},
-                    Row{"MapOfNoRows", ByGet<Maps>, Map(omu_PrimString("x")),
-                        "TypeError: points['a']; found string, expecting tuple"},
-                    Row{"MapWithAWrongCell", ByGet<Maps>, Map(T(T(1), T("x"))),
-                        "TypeError: points['a'][1][0]; found string, expecting float"}),
-    [](const auto& row) { return row.param.name; });
+INSTANTIATE_ROWS(
+    NestedArgument, Row{"List", ByGet<Doubles>, Given(omu_PrimList(cow_List<int>{1, 2})), "[1.0, 2.0]"},
+    Row{"Texts", ByGet<cow_List<cow_String>>, Given(TupleOf("a", "b")), "['a', 'b']"},
+    Row{"WrongElement", ByGet<Doubles>, Given(TupleOf(1, "a")),
+        "TypeError: points[1]; found string, expecting float"},
+    Row{"NoSequence", ByGet<cow_List<int>>, Given(omu_PrimString("a")),
+        "TypeError: points; found string, expecting tuple"},
+    Row{"Rows", ByGet<Doubles2D>, Given(TupleOf(TupleOf(1, 2), TupleOf(3, 4))), "[[1.0, 2.0], [3.0, 4.0]]"},
+    Row{"NoRows", ByGet<cow_2DArray<int>>, Given(TupleOf()), "[]"},
+    Row{"WrongCell", ByGet<Doubles2D>, Given(TupleOf(TupleOf(1), TupleOf("a"))),
+        "TypeError: points[1][0]; found string, expecting float"},
+    Row{"WrongRow", ByGet<cow_2DArray<cow_String>>, Given(TupleOf(TupleOf("a"), "a", TupleOf(1))),
+        "TypeError: points[1]; found string, expecting tuple"},
+    Row{"LongRow", ByGet<Doubles2D>, Given(TupleOf(TupleOf(1, 2), TupleOf(3, 4, 5))),
+        "TypeError: points[1]; too many arguments; expected 2, got 3"},
+    Row{"ShortRow", ByGet<Doubles2D>, Given(TupleOf(TupleOf(1, 2), TupleOf(3))),
+        "TypeError: points[1]; not all required arguments specified; expected 2, got 1"},
+    Row{"Irregular", ByGetIrregular<double>, Given(TupleOf(TupleOf(1), TupleOf(2, 3, 4), TupleOf())),
+        "[[1.0, 0.0, 0.0], [2.0, 3.0, 4.0], [0.0, 0.0, 0.0]]"},
+    Row{"IrregularWrongCell", ByGetIrregular<int>, Given(TupleOf(TupleOf(1), TupleOf(2, "a"))),
+        "TypeError: points[1][1]; found string, expecting int"},
+    Row{"Map", ByGet<Maps>, Map(TupleOf(TupleOf(1, 2))), "a[[1.0, 2.0]]"},
+    Row{"NoMap", ByGet<Maps>, Given(TupleOf()),
+        "TypeError: points; found tuple, expecting Map of string to 2D sequence of Floats"},
+    Row{"MapOfNoRows", ByGet<Maps>, Map(omu_PrimString("x")),
+        "TypeError: points['a']; found string, expecting tuple"},
+    Row{"MapWithAWrongCell", ByGet<Maps>, Map(TupleOf(TupleOf(1), TupleOf("x"))),
+        "TypeError: points['a'][1][0]; found string, expecting float"});
 
 // Nothing but a sequence that this very read delivered touches the output.
-TEST(NestedArgument, DefaultStays)
+TEST(NestedArguments, KeepTheirDefaults)
 {
     cow_List<int> list = {7};
     cow_2DArray<int> rows(1, 1, 7);
@@ -145,7 +123,7 @@ TEST(NestedArgument, DefaultStays)
     EXPECT_FALSE(omu_Get(static_cast<omu_PrimTuple&>(absent), list));
     absent.End();
 
-    omu_Arguments faulty(T("a", T(1, 2)));
+    omu_Arguments faulty(TupleOf("a", TupleOf(1, 2)));
     faulty.Begin();
     EXPECT_FALSE(omu_Get(faulty, list, "first"));
     EXPECT_TRUE(faulty.ErrorOnPrevious()) << "the fault is left pending";

@@ -1,31 +1,19 @@
 // Names of objects, jobs and models.
 
 #include <omu_OrvexName.h>
-#include <ostream>
-#include <string>
-#include <testing/Outcome.h>
-
-#include <gtest/gtest.h>
+#include <testing/ValueTesting.h>
 
 namespace
 {
 using FormEnm = omu_OrvexName::FormEnm;
 
-struct Row
+struct Row : NamedRow
 {
-    const char* name;
     std::string text;
     bool object; // a name in the object form, and in the model form, which is the same
     bool job;
 };
-
-void PrintTo(const Row& row, std::ostream* out)
-{
-    *out << row.name;
-}
-
-class Name : public testing::TestWithParam<Row>
-{};
+using Name = testing::TestWithParam<Row>;
 
 TEST_P(Name, IsCheckedInEveryForm)
 {
@@ -43,31 +31,24 @@ TEST_P(Name, IsCheckedInEveryForm)
     EXPECT_EQ(outcome(FormEnm::JOB), wanted(GetParam().job, "invalid job name"));
 }
 
-const std::string EURO = "\xE2\x82\xAC";
-std::string Times(int count, const std::string& text)
+// In three bytes each.
+std::string Euros(int count)
 {
-    std::string times;
+    std::string euros;
     for (int i = 0; i < count; ++i)
-        times += text;
-    return times;
+        euros += "\xE2\x82\xAC";
+    return euros;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Name,
-    testing::Values(Row{"Plain", "Part-1", true, true}, Row{"Empty", "", false, false},
-                    Row{"Underscore", "_x#", true, true}, Row{"Digit", "1st", true, false},
-                    Row{"BlankInside", "a b", true, false}, Row{"LeadingBlank", " a", false, false},
-                    Row{"TrailingBlank", "a ", false, false},
-                    Row{"Zero", std::string("a\0b", 3), false, false},
-                    Row{"EightyOfThreeBytes", Times(80, EURO), true, true},
-                    Row{"EightyOneOfThreeBytes", Times(81, EURO), false, false},
-                    Row{"LoneContinuation", "a\x80", false, false}, Row{"Overlong", "\xC0\xAF", false, false},
-                    Row{"Cut", "a\xE2\x82", false, false}, Row{"CutByAscii", "\xE2\x82x", false, false},
-                    Row{"Surrogate", "\xED\xA0\x80", false, false},
-                    Row{"BeyondUnicode", "\xF4\x90\x80\x80", false, false},
-                    Row{"LastCodePoint", "\xF4\x8F\xBF\xBF", true, true},
-                    Row{"Latin1", "\xE4x", false, false}),
-    [](const auto& row) { return row.param.name; });
+INSTANTIATE_ROWS(Name, Row{"Plain", "_Part-1#", true, true}, Row{"Empty", "", false, false},
+                 Row{"Digit", "1st", true, false}, Row{"BlankInside", "a b", true, false},
+                 Row{"TrailingBlank", "a ", false, false}, Row{"Zero", std::string("a\0b", 3), false, false},
+                 Row{"Eighty", Euros(80), true, true}, Row{"EightyOne", Euros(81), false, false},
+                 Row{"LoneContinuation", "a\x80", false, false}, Row{"Overlong", "\xC0\xAF", false, false},
+                 Row{"Cut", "a\xE2\x82", false, false}, Row{"CutByAscii", "\xE2\x82x", false, false},
+                 Row{"Surrogate", "\xED\xA0\x80", false, false},
+                 Row{"BeyondUnicode", "\xF4\x90\x80\x80", false, false},
+                 Row{"LastCodePoint", "\xF4\x8F\xBF\xBF", true, true}, Row{"Latin1", "\xE4x", false, false});
 
 TEST(OrvexName, RefusesEveryForbiddenCharacter)
 {

@@ -1,96 +1,66 @@
-#include <memory>
+// Dictionaries of values, and the wrappers whose members they hold.
+
 #include <nex_RangeException.h>
 #include <omu_PrimDictionary.h>
-#include <omu_PrimNumber.h>
-#include <omu_PrimString.h>
 #include <omu_PrimTranslatedString.h>
 #include <omu_PrimType.h>
 #include <omu_PrimWrapper.h>
-
-#include <gtest/gtest.h>
+#include <testing/ValueTesting.h>
 
 namespace
 {
 using StrDictionary = omu_PrimDictionary<cow_String>;
 using IntDictionary = omu_PrimDictionary<int>;
 
-TEST(PrimDictionary, TextKeepsTheOrderOfInsertion)
+TEST(PrimDictionary, KeepsTheOrderOfInsertion)
 {
     StrDictionary dictionary;
     dictionary.Reserve(9);
-    EXPECT_EQ(dictionary.AsString(0), "{}");
+    EXPECT_EQ(Text(dictionary), "{}");
     dictionary.Put("b", omu_PrimNumber(2.0));
     dictionary.Put("a", omu_PrimNumber(1));
-    EXPECT_EQ(dictionary.AsString(0), "{'b': 2.0, 'a': 1}");
     dictionary.Put("b", omu_PrimString("x"));
-    EXPECT_EQ(dictionary.AsString(0), "{'b': 'x', 'a': 1}");
-    EXPECT_TRUE(dictionary.Remove("b"));
-    dictionary.Put("b", omu_PrimNumber(3));
-    EXPECT_EQ(dictionary.AsString(0), "{'a': 1, 'b': 3}");
-    EXPECT_FALSE(dictionary.Remove("c"));
+    EXPECT_EQ(Text(dictionary), "{'b': 'x', 'a': 1}") << "what is replaced keeps its place";
+    EXPECT_TRUE(dictionary.Remove("b") && !dictionary.Remove("c"));
+    IntDictionary inner;
+    inner.Put(-1, omu_PrimString("it's"));
+    dictionary.Put("b'\"", inner);
+    dictionary.Put("none", std::unique_ptr<omu_Primitive>());
+    EXPECT_EQ(Text(dictionary), "{'a': 1, 'b\\'\"': {-1: \"it's\"}, 'none': None}");
+    EXPECT_TRUE(dictionary.Has("none"));
+    EXPECT_EQ(dictionary.Get("none"), nullptr);
     dictionary.Clear();
     EXPECT_EQ(dictionary.Length(), 0);
 }
 
-TEST(PrimDictionary, TextNestsAndQuotesKeys)
-{
-    IntDictionary inner;
-    inner.Put(-1, omu_PrimString("it's"));
-    StrDictionary outer;
-    outer.Put("a'\"", inner);
-    outer.Put("none", std::unique_ptr<omu_Primitive>());
-    EXPECT_EQ(outer.AsString(0), "{'a\\'\"': {-1: \"it's\"}, 'none': None}");
-    EXPECT_TRUE(outer.Has("none"));
-    EXPECT_EQ(outer.Get("none"), nullptr);
-}
-
 TEST(PrimDictionary, LooksUpByWholeKeys)
 {
+    const cow_String longer("k\0k", 3);
     StrDictionary dictionary;
-    dictionary.Put(cow_String("k", 1), omu_PrimNumber(1));
-    dictionary.Put(cow_String("k\0k", 3), omu_PrimNumber(2));
-    ASSERT_EQ(dictionary.Length(), 2);
-    EXPECT_EQ(dictionary.Get(cow_String("k\0k", 3))->AsString(0), "2");
-    EXPECT_EQ(dictionary.Get("kk"), nullptr);
-    EXPECT_FALSE(dictionary.Has("kk"));
-    EXPECT_EQ(dictionary.Keys(), (cow_List<cow_String>{cow_String("k", 1), cow_String("k\0k", 3)}));
-    EXPECT_EQ(dictionary.KeyAt(0), "k");
-    EXPECT_EQ(dictionary.ValueAt(1)->AsString(0), "2");
-    EXPECT_EQ(dictionary.Values(),
-              (cow_List<const omu_Primitive*>{dictionary.ValueAt(0), dictionary.ValueAt(1)}));
-    EXPECT_THROW(static_cast<void>(dictionary.KeyAt(2)), nex_RangeException);
-    EXPECT_THROW(static_cast<void>(dictionary.ValueAt(-1)), nex_RangeException);
+    dictionary.Put("k", omu_PrimNumber(1));
+    dictionary.Put(longer, omu_PrimNumber(2));
+    EXPECT_EQ(Text(*dictionary.Get(longer)), "2");
+    EXPECT_EQ(dictionary.Keys(), (cow_List<cow_String>{"k", longer}));
+    EXPECT_EQ(dictionary.Values().Get(1), dictionary.ValueAt(1));
+    EXPECT_ERROR(dictionary.KeyAt(2), "nex_RangeException: index 2 out of range, length 2");
+    EXPECT_ERROR(dictionary.ValueAt(-1), "nex_RangeException: index -1 out of range, length 2");
 }
 
-TEST(PrimDictionary, OwnsItsValues)
+TEST(PrimDictionary, OwnsItsValuesAndSharesThemWithCopies)
 {
-    auto number = std::make_unique<omu_PrimNumber>(1);
-    const omu_Primitive* const taken = number.get();
-    StrDictionary dictionary;
-    dictionary.Put("taken", std::move(number));
-    EXPECT_EQ(dictionary.Get("taken"), taken);
-
     auto* const given = new omu_PrimNumber(3);
-    dictionary.Put("given", given);
-    EXPECT_EQ(dictionary.Get("given"), given);
-
     const omu_PrimNumber mine(2);
-    dictionary.Put("copied", mine);
-    EXPECT_NE(dictionary.Get("copied"), &mine);
-    EXPECT_TRUE(*dictionary.Get("copied") == mine);
-}
-
-TEST(PrimDictionary, CopiesShareUntilOneIsWritten)
-{
     StrDictionary dictionary;
-    dictionary.Put("a", omu_PrimNumber(1));
+    dictionary.Put("given", given);
+    dictionary.Put("copied", mine);
+    EXPECT_EQ(dictionary.Get("given"), given);
+    EXPECT_NE(dictionary.Get("copied"), &mine);
     StrDictionary copy(dictionary);
-    EXPECT_EQ(copy.Get("a"), dictionary.Get("a"));
-    copy.Put("b", omu_PrimNumber(2));
-    EXPECT_EQ(dictionary.Length(), 1);
-    EXPECT_EQ(copy.Get("a"), dictionary.Get("a"));
-    EXPECT_TRUE(copy.Remove("a"));
-    EXPECT_TRUE(dictionary.Has("a"));
+    EXPECT_EQ(copy.Get("given"), given);
+    copy.Put("b", mine);
+    EXPECT_EQ(copy.Get("given"), given);
+    EXPECT_TRUE(copy.Remove("given"));
+    EXPECT_EQ(Text(dictionary), "{'given': 3, 'copied': 2}");
 }
 
 TEST(PrimDictionary, EqualityAsksForKeysAndValuesAlone)
@@ -108,7 +78,6 @@ TEST(PrimDictionary, EqualityAsksForKeysAndValuesAlone)
     EXPECT_FALSE(a == b);
     b.Put("z", omu_PrimNumber(2));
     EXPECT_FALSE(a == b) << "as long, with another key";
-
     EXPECT_FALSE(StrDictionary() == IntDictionary()) << "two classes, also when both are empty";
 }
 
@@ -123,24 +92,14 @@ omu_PrimWrapper WrapperWith(const char* key, const omu_Primitive& value, const o
 
 TEST(PrimWrapper, TextNamesTheObject)
 {
-    EXPECT_EQ(omu_PrimWrapper().AsString(0), "<wrapper object>");
-    EXPECT_EQ(omu_PrimWrapper(3, &PART).AsString(0), "<type object>");
-    EXPECT_EQ(WrapperWith("name", omu_PrimString("P1")).AsString(0), "<type object named P1>");
-    EXPECT_EQ(WrapperWith("name", omu_PrimTranslatedString("P1")).AsString(0), "<type object named P1>");
-    EXPECT_EQ(WrapperWith("name", omu_PrimString("P1"), nullptr).AsString(0), "<wrapper object named P1>");
-    EXPECT_EQ(WrapperWith("name", omu_PrimString("")).AsString(0), "<type object>");
-    EXPECT_EQ(WrapperWith("name", omu_PrimNumber(1)).AsString(0), "<type object>") << "not a text";
-    EXPECT_EQ(WrapperWith("Name", omu_PrimString("P1")).AsString(0), "<type object>");
-}
-
-TEST(PrimWrapper, LooksAtTheObjectAndSharesTheMembers)
-{
-    EXPECT_EQ(omu_PrimWrapper().TypeString(), atr_String("wrapper"));
-    const omu_PrimWrapper wrapper = WrapperWith("a", omu_PrimNumber(1));
-    EXPECT_EQ(wrapper.TypeString(), atr_String("type"));
-    const omu_PrimWrapper copy(wrapper);
-    EXPECT_EQ(copy.Object(), &PART);
-    EXPECT_EQ(copy.MemberDictionary().Get("a"), wrapper.MemberDictionary().Get("a"));
+    EXPECT_EQ(Text(omu_PrimWrapper(3, &PART)), "<type object>");
+    EXPECT_EQ(omu_PrimWrapper(3, &PART).TypeString(), atr_String("type"));
+    EXPECT_EQ(Text(WrapperWith("name", omu_PrimString("P1"))), "<type object named P1>");
+    EXPECT_EQ(Text(WrapperWith("name", omu_PrimTranslatedString("P1"))), "<type object named P1>");
+    EXPECT_EQ(Text(WrapperWith("name", omu_PrimString("P1"), nullptr)), "<wrapper object named P1>");
+    EXPECT_EQ(Text(WrapperWith("name", omu_PrimString(""))), "<type object>");
+    EXPECT_EQ(Text(WrapperWith("name", omu_PrimNumber(1))), "<type object>") << "not a text";
+    EXPECT_EQ(Text(WrapperWith("Name", omu_PrimString("P1"))), "<type object>");
 }
 
 // A wrapper that was stored and read back knows no object, and is equal all the same.
@@ -148,7 +107,7 @@ TEST(PrimWrapper, EqualityAsksForTheObjectWhereBothKnowTheirs)
 {
     const omu_PrimWrapper wrapper = WrapperWith("a", omu_PrimNumber(1));
     const omu_PrimType same("Part");
-    EXPECT_TRUE(wrapper == WrapperWith("a", omu_PrimNumber(1)));
+    EXPECT_TRUE(wrapper == omu_PrimWrapper(wrapper));
     EXPECT_TRUE(wrapper == WrapperWith("a", omu_PrimNumber(1), nullptr));
     EXPECT_FALSE(wrapper == WrapperWith("a", omu_PrimNumber(1), &same)) << "another object, equal as it is";
     EXPECT_FALSE(wrapper == WrapperWith("a", omu_PrimNumber(2)));

@@ -2,16 +2,9 @@
 
 #include <nex_PrimException.h>
 #include <nex_RangeException.h>
-#include <omu_DictIntPyObjectWrapper.h>
-#include <omu_DictPyObjectWrapper.h>
-#include <omu_DictStrPyObjectWrapper.h>
 #include <omu_ListPyObjectWrapper.h>
-#include <omu_PrimString.h>
 #include <omu_PyObjectWrapper.h>
-#include <testing/ExpectRaise.h>
-#include <testing/MemoryStore.h>
-
-#include <gtest/gtest.h>
+#include <testing/ValueTesting.h>
 
 namespace
 {
@@ -53,7 +46,7 @@ TEST(PyObjectWrapper, WithoutOperations)
 {
     const omu_PyObjectHandle object = Handle({1, 2});
     const omu_PyObjectWrapper wrapper(object);
-    EXPECT_EQ(wrapper.AsString(0), "<scripting object>");
+    EXPECT_EQ(Text(wrapper), "<scripting object>");
     EXPECT_EQ(wrapper.TypeString(), atr_String("scripting object"));
     EXPECT_TRUE(wrapper == omu_PyObjectWrapper(object)) << "the same object";
     EXPECT_FALSE(wrapper == omu_PyObjectWrapper(Handle({1, 2})));
@@ -64,7 +57,7 @@ TEST(PyObjectWrapper, WithOperations)
 {
     const ListOps ops;
     const omu_PyObjectWrapper wrapper(Handle({1, 2}));
-    EXPECT_EQ(wrapper.AsString(0), "[1, 2]");
+    EXPECT_EQ(Text(wrapper), "[1, 2]");
     EXPECT_EQ(wrapper.TypeString(), atr_String("IntList"));
     EXPECT_TRUE(wrapper == omu_PyObjectWrapper(Handle({1, 2}))) << "equal objects";
     EXPECT_FALSE(wrapper == omu_PyObjectWrapper(Handle({1, 3})));
@@ -79,30 +72,12 @@ TEST(PyObjectWrapper, ListIsLeftWhereItIs)
     omu_ListPyObjectWrapper list{omu_PyObjectHandle(script)};
     script->push_back(3);
     EXPECT_EQ(list.Length(), 3);
-    const auto text = [](omu_Primitive* owned) { return std::unique_ptr<omu_Primitive>(owned)->AsString(0); };
-    EXPECT_EQ(text(list.Index(2)), "3");
-    EXPECT_RAISE(list.Index(3), nex_RangeException, "index 3 out of range, length 3");
-    EXPECT_EQ(text(list.Slice(1, 9)), "[2, 3]");
-    EXPECT_EQ(text(list.Concat(&list)), "[1, 2, 3, 1, 2, 3]");
-    EXPECT_EQ(text(omu_PrimTuple(cow_List<int>{0}).Concat(&list)), "(0, 1, 2, 3)");
+    EXPECT_EQ(Text(list.Index(2)), "3");
+    EXPECT_ERROR(list.Index(3), "nex_RangeException: index 3 out of range, length 3");
+    EXPECT_EQ(Text(list.Slice(1, 9)), "[2, 3]");
+    EXPECT_EQ(Text(list.Concat(&list)), "[1, 2, 3, 1, 2, 3]");
+    EXPECT_EQ(Text(omu_PrimTuple(cow_List<int>{0}).Concat(&list)), "(0, 1, 2, 3)");
     EXPECT_EQ(list.AsList().AsListInt(), (cow_List<int>{1, 2, 3}));
-    EXPECT_RAISE(list.Put(4), nex_PrimException, "Error: Illegal operation for type.");
-}
-
-template <class Wrapper>
-void ExpectNotStored()
-{
-    const std::string message = std::string(Wrapper::NAME) + " cannot be stored";
-    MemoryStore store;
-    EXPECT_RAISE(store.Write(Wrapper()), nex_PrimException, message.c_str());
-}
-
-TEST(PyObjectWrapper, IsNeverStored)
-{
-    ExpectNotStored<omu_PyObjectWrapper>();
-    ExpectNotStored<omu_ListPyObjectWrapper>();
-    ExpectNotStored<omu_DictPyObjectWrapper>();
-    ExpectNotStored<omu_DictIntPyObjectWrapper>();
-    ExpectNotStored<omu_DictStrPyObjectWrapper>();
+    EXPECT_ERROR(list.Put(4), "nex_PrimException: Error: Illegal operation for type.");
 }
 }

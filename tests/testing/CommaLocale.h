@@ -3,6 +3,7 @@
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
+#include <locale>
 #include <string>
 #include <unistd.h>
 
@@ -50,4 +51,24 @@ private:
     std::string former_;
     std::filesystem::path folder_;
     bool active_ = false;
+};
+
+/// Streams write 1234.5 as "1.234,5" for the length of a scope, the C library as before.
+class CommaStreams
+{
+public:
+    CommaStreams() : former_(std::locale::global(std::locale(std::locale(), new Digits))) {}
+    ~CommaStreams() { std::locale::global(former_); }
+    CommaStreams(const CommaStreams&) = delete;
+    CommaStreams& operator=(const CommaStreams&) = delete;
+
+private:
+    struct Digits : std::numpunct<char>
+    {
+        char do_decimal_point() const override { return ','; }
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+
+    std::locale former_;
 };

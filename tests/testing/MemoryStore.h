@@ -4,20 +4,17 @@
 // without a memento stream.
 //
 //     MemoryStore store;
-//     const int number = store.Write(point);                  // DBWrite of the object and all that it refers
-//     to EXPECT_EQ(store.Faults(), "");                          // what was written against what was
-//     declared EXPECT_EQ(store.Describe(number), "gsl_Point\n  x DOUBLE 1\n ...");   // the persisted shape
-//     const gsl_Point back = store.Read<gsl_Point>(number);   // the constructor from a cls_ReadVisitor
-//     auto any = store.Create(number);                        // by type id, through the registered adapter
-//     cls_PersistentCast<gsl_Point>(any.get())
+//     const int number = store.Write(point);        // DBWrite of the object and all that it refers to
+//     EXPECT_EQ(store.Faults(), "");                // what was written against what was declared
+//     EXPECT_EQ(store.Describe(number), "gsl_Point\n  x DOUBLE 1\n ...");   // the persisted shape
+//     const auto back = store.Read<gsl_Point>(number);   // the constructor from a cls_ReadVisitor
+//     auto any = store.Create(number);              // by type id, through the registered adapter
 //
 // Data of another layout is made by editing what was written:
 //
-//     store.LastPart(number).Drop("y");                       // an absent attribute
-//     store.LastPart(number).Rename("x", "xx");               // an unknown one
-//     store.LastPart(number).version = 203;                   // an older release
-//     store.LastPart(number).Set("type", cls_AttributeType::CHAR, 'f');
-//     store.Part(number, gsl_Point::TypeId())                 // the part of a base class
+//     store.LastPart(number).Drop("y");             // an absent attribute
+//     store.LastPart(number).version = 203;         // an older release
+//     store.Part(number, gsl_Point::TypeId()).Set("type", cls_AttributeType::CHAR, 'f');
 //
 // Rules as for mementos: objects are numbered from 1, 0 is null; a shared body is written once and read once,
 // and all references share it; a value is written each time; attributes are found by name; a part's own
@@ -25,53 +22,33 @@
 // Classes that are referred to through another class, or created by type id, must be registered.
 
 #include <cls_AttributeType.h>
-#include <cls_CollectionType.h>
-#include <cls_ObjectSource.h>
 #include <cls_Persistent.h>
 #include <cls_ReadVisitor.h>
-#include <cls_Uid.h>
-#include <cow_List.h>
-#include <cow_String.h>
+#include <cls_WriteVisitor.h>
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
 
-/// A list of primitives in a record.
-struct MemoryList
-{
-    std::variant<cow_List<bool>, cow_List<int>, cow_List<unsigned>, cow_List<float>, cow_List<double>,
-                 cow_List<cow_String>>
-        elements;
-    int columns = 1;
-};
-using MemoryKeys = std::variant<cow_List<int>, cow_List<cow_String>>;
-/// A map of primitives.
-struct MemoryMap
-{
-    MemoryKeys keys;
-    MemoryList values;
-};
 /// One object, by number.
 struct MemoryReference
 {
     int number = 0;
 };
-/// A list of objects.
-struct MemoryObjects
+using MemoryKeys = std::variant<cow_List<int>, cow_List<cow_String>>;
+/// A list of primitives or objects; with keys, a map to them.
+struct MemoryList
 {
-    std::vector<int> numbers;
+    std::variant<cow_List<bool>, cow_List<int>, cow_List<unsigned>, cow_List<float>, cow_List<double>,
+                 cow_List<cow_String>, std::vector<MemoryReference>>
+        elements;
+    int columns = 1;
+    std::optional<MemoryKeys> keys = {};
 };
-/// A map to objects.
-struct MemoryObjectMap
-{
-    MemoryKeys keys;
-    std::vector<int> numbers;
-};
-using MemoryValue = std::variant<bool, char, int, float, double, cow_String, MemoryReference, MemoryList,
-                                 MemoryMap, MemoryObjects, MemoryObjectMap>;
+using MemoryValue = std::variant<bool, char, int, float, double, cow_String, MemoryReference, MemoryList>;
 
 struct MemoryAttribute
 {
@@ -89,9 +66,10 @@ struct MemoryPart
     cls_Uid uid = cls_Uid::Null();
     std::vector<MemoryAttribute> attributes; ///< in the order in which they were written
 
+    /// Null where there is none.
     const MemoryAttribute* Find(const std::string& name) const;
+    /// Throws where there is none.
     void Drop(const std::string& name);
-    void Rename(const std::string& name, const std::string& newName);
     /// Replaces the attribute, or appends it.
     void Set(const std::string& name, cls_AttributeType type, MemoryValue value,
              cls_CollectionType collection = cls_CollectionType::SINGLE);
@@ -106,11 +84,6 @@ public:
     {
         std::vector<MemoryPart> parts; ///< base first, the object's own class last
     };
-
-    MemoryStore();
-    MemoryStore(const MemoryStore&) = delete;
-    MemoryStore& operator=(const MemoryStore&) = delete;
-    ~MemoryStore();
 
     /// Writes an object and everything that it refers to; the number is new.
     template <class T>
@@ -127,11 +100,10 @@ public:
     int WriteSource(const cls_ObjectSource& source);
 
     int Count() const { return static_cast<int>(objects_.size()); }
-    Object& At(int number);
-    const Object& At(int number) const;
-    MemoryPart& LastPart(int number) { return At(number).parts.back(); }
+    Object& At(int number) const { return *objects_.at(static_cast<std::size_t>(number) - 1); }
+    MemoryPart& LastPart(int number) const { return At(number).parts.back(); }
     /// The part of that class; throws where the object has none.
-    MemoryPart& Part(int number, unsigned typeId);
+    MemoryPart& Part(int number, unsigned typeId) const;
 
     /// The object read by T's constructor from a cls_ReadVisitor.
     template <class T>
@@ -149,13 +121,12 @@ public:
     /// parent. Classes without metadata are not held against anything. Empty when all agrees.
     std::string Faults() const { return faults_; }
     /// The object's parts, base first: a line with the class name, then a line for each attribute in order
-    /// with name, type (and collection code where it is not 0) and value: "  m_Keyword STRING 'depth'", "
-    /// items OBJECT/54 [1, 2] columns 1", "  m_map OBJECT/2 {'a': #3}". Objects are shown as #number.
+    /// with name, type (and collection code where it is not 0) and value: "  m_Keyword STRING 'depth'",
+    /// "  items OBJECT/54 [1, 2] columns 1", "  m_map OBJECT/2 {'a': #3}". Objects are shown as #number.
     std::string Describe(int number) const;
 
 private:
-    void Check(const Object& object);
-    void CheckPart(const MemoryPart& part, const MemoryPart* base);
+    void Check(const MemoryPart& part, const MemoryPart* base);
 
     std::vector<std::unique_ptr<Object>> objects_;
     std::map<const void*, int> written_;

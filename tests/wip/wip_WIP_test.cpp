@@ -10,6 +10,8 @@ using testing::ElementsAre;
 
 namespace
 {
+static_assert(wip_INFO == 0 && wip_WARNING == 1 && wip_ERROR == 2 && wip_FATAL == 3);
+
 /// Records the values' address, which is all that the outlet may use of them.
 class FacilityReporter : public RecordingReporter
 {
@@ -31,129 +33,76 @@ omu_PrimTuple& Tuple()
     return *reinterpret_cast<omu_PrimTuple*>(tupleStorage);
 }
 
-struct ForwardRow
+TEST(WipOutlet, PassesItsArgumentsOnUnchangedAndRaisesWithoutReporter)
 {
-    const char* what;
-    std::function<void(wip_WIPBase&)> call;
-    const char* line;
-};
+    using Call = std::function<void(wip_WIPBase&)>;
+    const std::pair<Call, const char*> rows[] = {
+        {[](wip_WIPBase& w) { w.Display("a"); }, "display 'a'"},
+        {[](wip_WIPBase& w) { w.Print("a"); }, "print 'a'"},
+        {[](wip_WIPBase& w) { w.Landmark("a"); }, "landmark 'a'"},
+        {[](wip_WIPBase& w) { w.Milestone("a"); }, "milestone 'a'"},
+        {[](wip_WIPBase& w) { w.Milestone("a", 7); }, "milestone 'a' 7"},
+        {[](wip_WIPBase& w) { w.Milestone("a", "b", 3, 4); }, "milestone 'a' b 3 4"},
+        {[](wip_WIPBase& w) { w.Verbose("a"); }, "verbose 'a'"},
+        {[](wip_WIPBase& w) { w.Warning("a"); }, "warning 'a'"},
+        {[](wip_WIPBase& w) { w.Error("a", wip_INFO); }, "error 'a' 0"},
+        {[](wip_WIPBase& w) { w.Error("a", wip_FATAL); }, "error 'a' 3"},
+        {[](wip_WIPBase& w) { w.FacilityMessage("a", 1, 2, 3, Tuple()); }, "facility 'a' 1 2 3"},
+        {[](wip_WIPBase& w) { (void)w.Interrupted(); }, "interrupted? ''"},
+        {[](wip_WIPBase& w) { w.InterruptedThrow(); }, "interrupted! ''"},
+        {[](wip_WIPBase& w) { w.CommandDone(); }, "done ''"}};
+    for (const auto& [call, line] : rows)
+    {
+        SCOPED_TRACE(line);
+        FacilityReporter reporter;
+        wip_WIPBase outlet;
+        outlet.SetWipReporter(&reporter);
+        call(outlet);
+        EXPECT_THAT(reporter.Take(), ElementsAre(line));
+        outlet.SetWipReporter(nullptr);
+        try
+        {
+            call(outlet);
+            ADD_FAILURE() << "must raise";
+        }
+        catch (const nex_PrimException& raised)
+        {
+            EXPECT_EQ(raised.UserReport(), "WipReporter != 0");
+            EXPECT_EQ(raised.Source(), "KTLOxuWip.m/src/wip_WIP");
+        }
+    }
+}
 
-class Forward : public testing::TestWithParam<ForwardRow>
-{};
-
-TEST_P(Forward, PassesItsArgumentsOnUnchanged)
+TEST(WipOutlet, HandsAnswersBackAndValuesOnByReference)
 {
     FacilityReporter reporter;
-    wip_WIPBase outlet;
-    outlet.SetWipReporter(&reporter);
-    GetParam().call(outlet);
-    EXPECT_THAT(reporter.Take(), ElementsAre(GetParam().line));
-}
-
-TEST_P(Forward, RaisesWithoutReporter)
-{
-    wip_WIPBase outlet;
-    try
-    {
-        GetParam().call(outlet);
-        FAIL() << "must raise";
-    }
-    catch (const nex_PrimException& exception)
-    {
-        EXPECT_STREQ(exception.what(), "WipReporter != 0");
-        EXPECT_EQ(exception.Source(), cow_String("KTLOxuWip.m/src/wip_WIP"));
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Forward,
-    testing::Values(
-        ForwardRow{"Display", [](wip_WIPBase& w) { w.Display("a"); }, "display 'a'"},
-        ForwardRow{"Print", [](wip_WIPBase& w) { w.Print("a"); }, "print 'a'"},
-        ForwardRow{"Landmark", [](wip_WIPBase& w) { w.Landmark("a"); }, "landmark 'a'"},
-        ForwardRow{"Milestone", [](wip_WIPBase& w) { w.Milestone("a"); }, "milestone 'a'"},
-        ForwardRow{"MilestonePercent", [](wip_WIPBase& w) { w.Milestone("a", 7); }, "milestone 'a' 7"},
-        ForwardRow{"MilestoneOf", [](wip_WIPBase& w) { w.Milestone("a", "b", 3, 4); }, "milestone 'a' b 3 4"},
-        ForwardRow{"Verbose", [](wip_WIPBase& w) { w.Verbose("a"); }, "verbose 'a'"},
-        ForwardRow{"Warning", [](wip_WIPBase& w) { w.Warning("a"); }, "warning 'a'"},
-        ForwardRow{"Info", [](wip_WIPBase& w) { w.Error("a", wip_INFO); }, "error 'a' 0"},
-        ForwardRow{"MereWarning", [](wip_WIPBase& w) { w.Error("a", wip_WARNING); }, "error 'a' 1"},
-        ForwardRow{"Error", [](wip_WIPBase& w) { w.Error("a", wip_ERROR); }, "error 'a' 2"},
-        ForwardRow{"Fatal", [](wip_WIPBase& w) { w.Error("a", wip_FATAL); }, "error 'a' 3"},
-        ForwardRow{"FacilityMessage", [](wip_WIPBase& w) { w.FacilityMessage("a", 1, 2, 3, Tuple()); },
-                   "facility 'a' 1 2 3"},
-        ForwardRow{"Interrupted", [](wip_WIPBase& w) { (void)w.Interrupted(); }, "interrupted? ''"},
-        ForwardRow{"InterruptedThrow", [](wip_WIPBase& w) { w.InterruptedThrow(); }, "interrupted! ''"},
-        ForwardRow{"CommandDone", [](wip_WIPBase& w) { w.CommandDone(); }, "done ''"}),
-    [](const testing::TestParamInfo<ForwardRow>& row) { return row.param.what; });
-
-TEST(WipOutlet, AnswersWhetherTheUserInterrupted)
-{
-    RecordingReporter reporter;
     wip_WIPBase outlet;
     outlet.SetWipReporter(&reporter);
     EXPECT_FALSE(outlet.Interrupted());
     reporter.interrupted = true;
     EXPECT_TRUE(outlet.Interrupted());
-}
-
-TEST(WipOutlet, HandsTheValuesOfAFacilityMessageOnByReference)
-{
-    FacilityReporter reporter;
-    wip_WIPBase outlet;
-    outlet.SetWipReporter(&reporter);
     outlet.FacilityMessage("a", 1, 2, 3, Tuple());
     EXPECT_EQ(reporter.seen, &Tuple());
-}
-
-TEST(WipOutlet, AReporterNeedNotUnderstandFacilityMessages)
-{
-    RecordingReporter reporter;
-    wip_WIPBase outlet;
-    outlet.SetWipReporter(&reporter);
+    RecordingReporter plain; // need not understand facility messages
+    outlet.SetWipReporter(&plain);
     outlet.FacilityMessage("a", 1, 2, 3, Tuple());
-    EXPECT_THAT(reporter.Take(), ElementsAre());
-}
-
-TEST(WipOutlet, OnlyTheReporterInstalledIsRemoved)
-{
-    RecordingReporter first;
-    RecordingReporter second;
-    wip_WIPBase outlet;
-    EXPECT_EQ(outlet.GetWipReporter(), nullptr) << "constructing a reporter installs nothing";
-    outlet.SetWipReporter(&first);
-    outlet.SetWipReporter(&second);
-    outlet.RemoveWipReporter(&first);
-    EXPECT_EQ(outlet.GetWipReporter(), &second);
+    EXPECT_THAT(plain.Take(), ElementsAre());
+    outlet.RemoveWipReporter(&reporter);
     outlet.RemoveWipReporter(nullptr);
-    EXPECT_EQ(outlet.GetWipReporter(), &second);
-    outlet.RemoveWipReporter(&second);
+    EXPECT_EQ(outlet.GetWipReporter(), &plain) << "only the one installed is removed";
+    outlet.RemoveWipReporter(&plain);
     EXPECT_EQ(outlet.GetWipReporter(), nullptr);
 }
 
 TEST(WipOutlet, EveryThreadHasItsOwn)
 {
-    RecordingReporter mine;
-    RecordingReporter theirs;
-    ReporterScope scope(&mine);
-    std::thread([&theirs] {
-        EXPECT_EQ(wip_WIP::Instance().GetWipReporter(), nullptr) << "a thread starts without reporter";
-        EXPECT_THROW(wip_WIP::Instance().Display("lost"), nex_PrimException);
-        wip_WIP::Instance().SetWipReporter(&theirs);
-        wip_WIP::Instance().Display("there");
-        EXPECT_EQ(&wip_WIP::Instance(), &thr_ThreadSingleton<wip_WIP>::Instance());
-    }).join();
-    wip_WIP::Instance().Display("here");
-    EXPECT_THAT(mine.Take(), ElementsAre("display 'here'"));
-    EXPECT_THAT(theirs.Take(), ElementsAre("display 'there'"));
-}
-
-TEST(WipOutlet, ManyThreadsReportAtOnce)
-{
     std::vector<RecordingReporter> reporters(4);
+    RecordingReporter mine;
+    const ReporterScope scope(&mine);
     std::vector<std::thread> threads;
     for (RecordingReporter& reporter : reporters)
         threads.emplace_back([&reporter] {
+            EXPECT_EQ(wip_WIP::Instance().GetWipReporter(), nullptr) << "a thread starts without reporter";
             wip_WIP::Instance().SetWipReporter(&reporter);
             for (int i = 0; i < 200; ++i)
                 wip_WIP::Instance().Milestone("step", i);
@@ -165,5 +114,6 @@ TEST(WipOutlet, ManyThreadsReportAtOnce)
         EXPECT_EQ(reporter.percents.size(), 200u);
         EXPECT_TRUE(std::is_sorted(reporter.percents.begin(), reporter.percents.end()));
     }
+    EXPECT_THAT(mine.Take(), ElementsAre());
 }
 }

@@ -22,7 +22,9 @@ class gsl_Vector;
 ///
 /// Laws, for a pair whose travel is t:
 ///  1. t is not below the travel at which the two boxes, grown by the tolerance, meet.
-///  2. t is not below the gap between the two ranges along the direction, less the tolerance.
+///  2. t is not below the gap between the two ranges along the direction, less the tolerance, and from
+///  ClearGap on not
+///     below the gap between their heights.
 /// They hold exactly, not up to rounding, so a search that prunes by boxes and ranges loses nothing.
 class gsl_PairStage
 {
@@ -49,16 +51,20 @@ public:
     gsl_TravelSpan Span(const gsl_StageView& movable, const gsl_StageView& fixed,
                         const gsl_PairTests& tests = {}) const;
 
-    /// Projects a along dir onto the plane of b and finds where the two overlap there. Nothing when dir is parallel
-    /// to b. dir is the direction when a is the movable triangle, its opposite when a is the fixed one; tests and span
-    /// take a for the movable one.
-    void Project(const gsl_StageView& a, const gsl_StageView& b, const gsl_Triple& dir, const gsl_PairTests& tests,
-                 gsl_TravelSpan& span) const;
+    /// Projects a along dir onto the plane of b and finds where the two overlap there. Nothing when dir is
+    /// parallel to b. dir is the direction when a is the movable triangle, its opposite when a is the fixed
+    /// one; tests and span take a for the movable one.
+    void Project(const gsl_StageView& a, const gsl_StageView& b, const gsl_Triple& dir,
+                 const gsl_PairTests& tests, gsl_TravelSpan& span) const;
 
     /// Closest points of the lines p1 + s1 d1 and p2 + s2 d2. false, and outputs unchanged, when they are
     /// parallel, one has no direction, or they pass each other at more than the tolerance.
     static bool Cross(const gsl_Triple& p1, const gsl_Triple& d1, const gsl_Triple& p2, const gsl_Triple& d2,
                       double tolerance, double& s1, double& s2);
+
+    /// The least gap between the heights of a pair, fixed.low - movable.high, that a contact within the
+    /// tolerance does not bridge.
+    double ClearGap() const noexcept { return 2.0 * tolerance_; }
 
     const gsl_UprightStage& Upright() const noexcept { return upright_; }
     const gsl_SweptBox& Sweep() const noexcept { return sweep_; }
@@ -75,8 +81,9 @@ private:
     void CrossSides(const gsl_StageView& a, const gsl_StageView& b, const gsl_Triple& dir,
                     const gsl_Triple shadow[3], gsl_TravelSpan& span) const;
     /// One side against one; atStart and atEnd are the areas at the ends of a's side, as b's side sees them.
-    void CrossSide(const gsl_StageView& a, int sideOfA, const gsl_StageView& b, int sideOfB, const gsl_Triple& dir,
-                   const gsl_Triple shadow[3], double atStart, double atEnd, gsl_TravelSpan& span) const;
+    void CrossSide(const gsl_StageView& a, int sideOfA, const gsl_StageView& b, int sideOfB,
+                   const gsl_Triple& dir, const gsl_Triple shadow[3], double atStart, double atEnd,
+                   gsl_TravelSpan& span) const;
     /// A place at that share of a side lies on it, or beyond its ends within the tolerance.
     bool IsWithin(double share, double squaredLength) const noexcept;
 
@@ -87,8 +94,8 @@ private:
     /// A travel that no contact of the pair falls short of, by the two planes; false when they show that all
     /// contact lies behind.
     bool LeastByPlanes(const gsl_StageTriangle& movable, const gsl_StageTriangle& fixed, double& least) const;
-    /// Seen along the direction, the two are apart by more than the tolerance could bridge. If not, takes corners off
-    /// the tests that are outside the other triangle by as much.
+    /// Seen along the direction, the two are apart by more than the tolerance could bridge. If not, takes
+    /// corners off the tests that are outside the other triangle by as much.
     bool SeenApart(const gsl_StageView& movable, const gsl_StageView& fixed, gsl_PairTests& tests) const;
     const gsl_StageView& ViewOf(const gsl_StageTriangle& triangle,
                                 gsl_BlockStore<gsl_StageView>& store) const;

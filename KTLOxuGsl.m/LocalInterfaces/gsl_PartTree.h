@@ -6,6 +6,7 @@
 #include <gsl_CornerSource.h>
 #include <gsl_Extent.h>
 #include <gsl_PairStage.h>
+#include <gsl_Sheet.h>
 #include <gsl_StageTriangle.h>
 #include <memory>
 #include <vector>
@@ -43,6 +44,16 @@ public:
     int Lower(int part) const { return part + 1; }
     int Upper(int part) const { return parts_[At(part)].upper; }
 
+    /// The lowest of the caller's indices in a part.
+    int LowestIndex(int part) const { return parts_[At(part)].lowest; }
+    /// Between which planes a part lies, found when first asked for and valid until the next search. Parts of
+    /// more than SHEET_SIZE triangles have level planes alone.
+    const gsl_Sheet& Sheet(int part, const gsl_Triple& along, gsl_ProceedClock& clock)
+    {
+        const std::int32_t known = sheetAt_[At(part)];
+        return known == NOT_PREPARED ? MakeSheet(part, along, clock) : sheets_[At(known)];
+    }
+
     /// The first of a part's slots; the others follow.
     int FirstSlot(int part) const { return parts_[At(part)].begin; }
     int TriangleIndex(int slot) const { return index_[At(slot)]; }
@@ -61,6 +72,8 @@ public:
 
     /// Leaves hold at most this many triangles.
     static constexpr int LEAF_SIZE = 8;
+    /// Parts of at most this many triangles have leaning planes.
+    static constexpr int SHEET_SIZE = 16;
 
 private:
     static constexpr std::int32_t NOT_PREPARED = -1;
@@ -73,6 +86,7 @@ private:
         std::int32_t begin = 0; // first slot
         std::int32_t count = 0;
         std::int32_t upper = NONE;
+        std::int32_t lowest = 0; // of the caller's indices
     };
     struct Corners
     {
@@ -90,6 +104,10 @@ private:
     static gsl_Extent BoxOf(const Corners& corners);
     bool Halve(Loose* first, int count, int begin, Region region, gsl_ProceedClock& clock);
     int Partition(Loose* first, int count, int axis, float cut, gsl_ProceedClock& clock);
+    void FindLowest(int first, int last);
+    /// Forgets the parts and slots from these on.
+    void CutBack(int parts, int slots) noexcept;
+    const gsl_Sheet& MakeSheet(int part, const gsl_Triple& along, gsl_ProceedClock& clock);
     void MakeBoxes(int first, int last, gsl_ProceedClock& clock);
     const gsl_StageTriangle* Prepare(int slot, const gsl_CornerSource& source, const gsl_PairStage& stage);
 
@@ -106,5 +124,7 @@ private:
     std::vector<Corners> corners_;
     std::vector<gsl_Extent> boxes_;
     std::vector<std::int32_t> preparedAt_;
+    std::vector<std::int32_t> sheetAt_; // per part
     gsl_BlockStore<gsl_StageTriangle> prepared_;
+    gsl_BlockStore<gsl_Sheet> sheets_;
 };

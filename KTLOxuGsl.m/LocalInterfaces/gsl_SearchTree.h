@@ -16,7 +16,7 @@ class gsl_ProceedClock;
 /// in. Where few triangles are left, and for the own list of a node that has children too, the triangles are
 /// gathered into a group of gsl_PartTree, so that long lists have an order of their own inside. A node is
 /// named by a number: cells by a negative one, parts by gsl_PartTree's. The shape is kept from search to
-/// search, by the stamp of the octree.
+/// search, by the root node and its stamp.
 class gsl_SearchTree
 {
 public:

@@ -42,7 +42,7 @@ public:
         {
             return false;
         }
-        travel = std::max(enter, 0.0);
+        travel = std::max(0.0, enter); // in this order -0 becomes 0
         return true;
     }
 

@@ -51,7 +51,7 @@ public:
         {
             return false;
         }
-        travel = std::max(first_.travel, 0.0);
+        travel = std::max(0.0, first_.travel); // in this order -0 becomes 0
         return true;
     }
 

@@ -22,18 +22,21 @@ public:
     gsl_UprightStage(const gsl_ViewFrame& frame, double tolerance) : frame_(frame), tolerance_(tolerance) {}
 
     /// Any pair: clips the two as they are seen along the direction, with their heights along it.
-    void Clip(const gsl_StageView& movable, const gsl_StageView& fixed, const gsl_PairTests& tests, gsl_TravelSpan& span) const;
+    void Clip(const gsl_StageView& movable, const gsl_StageView& fixed, const gsl_PairTests& tests,
+              gsl_TravelSpan& span) const;
 
     /// Both upright exactly. In one plane they are clipped in that plane; in crossing planes they can only
     /// meet on the line that the planes share.
-    void BothUpright(const gsl_StageView& movable, const gsl_StageView& fixed, const gsl_PairTests& tests, gsl_TravelSpan& span) const;
+    void BothUpright(const gsl_StageView& movable, const gsl_StageView& fixed, const gsl_PairTests& tests,
+                     gsl_TravelSpan& span) const;
 
 private:
     struct Seen;
 
-    void ClipWithin(const Seen& movable, const Seen& fixed, const gsl_PairTests& tests,
-                    double reach, gsl_TravelSpan& span) const;
-    void InOnePlane(const gsl_StageView& movable, const gsl_StageView& fixed, const gsl_PairTests& tests, gsl_TravelSpan& span) const;
+    void ClipWithin(const Seen& movable, const Seen& fixed, const gsl_PairTests& tests, double reach,
+                    gsl_TravelSpan& span) const;
+    void InOnePlane(const gsl_StageView& movable, const gsl_StageView& fixed, const gsl_PairTests& tests,
+                    gsl_TravelSpan& span) const;
     void InCrossingPlanes(const gsl_StageView& movable, const gsl_StageView& fixed,
                           gsl_TravelSpan& span) const;
 

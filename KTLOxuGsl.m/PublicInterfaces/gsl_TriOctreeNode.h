@@ -68,8 +68,8 @@ public:
     int TriangleCount() const noexcept { return count_; }
     /// The box of the transformed corners of this node's box.
     gsl_BBox TransformBBox(const gsl_Matrix& transform) const;
-    /// Names what this node and those below hold: no two contents of any node of the process have had the
-    /// same.
+    /// Names what this node and those below hold: renewed when that changes, and never the same for two trees
+    /// of the process. The nodes that one triangle came through may share theirs.
     std::uint64_t Stamp() const noexcept { return stamp_; }
 
 protected:
@@ -80,7 +80,10 @@ protected:
     void Divide(const gsl_BBox& box, int maxDepth, ChildMaker makeChild);
 
 private:
-    std::unique_ptr<gsl_TriOctreeNode>& At(int slot) const { return children_[static_cast<std::size_t>(slot)]; }
+    std::unique_ptr<gsl_TriOctreeNode>& At(int slot) const
+    {
+        return children_[static_cast<std::size_t>(slot)];
+    }
     /// Add, for a triangle that this node's box is known to hold.
     void Place(const double low[3], const double high[3], int triangle, std::uint64_t stamp);
     int FirstSlotHolding(const double low[3], const double high[3]) const;

@@ -42,16 +42,7 @@ gsl_Triple gsl_CornerSource::Moved(const gsl_Triple& p) const noexcept
 
 bool gsl_CornerSource::Normal(const gsl_Triple corners[3], gsl_Triple& normal) const noexcept
 {
-    const gsl_Triple a = corners[1] - corners[0];
-    const gsl_Triple b = corners[2] - corners[1];
-    const gsl_Triple n = gsl_Cross3(a, b);
-    const double length = gsl_Length3(n);
-    if (!(length > leastSine_ * gsl_Length3(a) * gsl_Length3(b)))
-    {
-        return false;
-    }
-    normal = {n.x / length, n.y / length, n.z / length};
-    return true;
+    return gsl_UnitNormal3(corners[1] - corners[0], corners[2] - corners[1], leastSine_, normal);
 }
 
 double gsl_CornerSource::LargestTerm(double reach) const noexcept

@@ -7,6 +7,7 @@
 #include <gsl_TravelSpan.h>
 #include <gsl_Util.h>
 #include <gsl_Vector.h>
+#include <gsl_ViewFrame.h>
 
 namespace
 {
@@ -15,16 +16,9 @@ gsl_Triple TripleOf(const gsl_Point& p)
     return {p.X(), p.Y(), p.Z()};
 }
 
-// The unit vector; false for a vector without a length.
-bool Unit(const gsl_Vector& dir, gsl_Triple& unit)
+gsl_Triple TripleOf(const gsl_Vector& v)
 {
-    gsl_Vector copy = dir;
-    if (!copy.Normalize(0.0))
-    {
-        return false;
-    }
-    unit = {copy.X(), copy.Y(), copy.Z()};
-    return true;
+    return {v.X(), v.Y(), v.Z()};
 }
 
 bool Answer(const gsl_TravelSpan& span, double tolerance, gsl_Point* contact, double& dist)
@@ -173,8 +167,8 @@ bool gsl_TriTriMinDirectionalDist(const gsl_Vector& dir, const gsl_Point& a1, co
 {
     const gsl_Vector normalA(a1, a2, a3);
     const gsl_Vector normalB(b1, b2, b3);
-    gsl_Triple unit;
-    if (!Unit(dir, unit) || normalA.Magnitude() == 0.0 || normalB.Magnitude() == 0.0)
+    gsl_Vector along;
+    if (!gsl_ViewFrame::Unit(dir, along) || normalA.Magnitude() == 0.0 || normalB.Magnitude() == 0.0)
     {
         return false;
     }
@@ -185,13 +179,11 @@ bool gsl_TriTriMinDirectionalDist(const gsl_Vector& dir, const gsl_Point& a1, co
         tests.fixed = flags[1] ? gsl_PairTests::ALL : 0;
         tests.edges = flags[0] && flags[1];
     }
-    const gsl_PairStage stage(unit, tol);
+    const gsl_PairStage stage(TripleOf(along), tol);
     const gsl_Triple a[3] = {TripleOf(a1), TripleOf(a2), TripleOf(a3)};
     const gsl_Triple b[3] = {TripleOf(b1), TripleOf(b2), TripleOf(b3)};
-    const gsl_TravelSpan span =
-        stage.Span(stage.View(stage.Prepare(a, {normalA.X(), normalA.Y(), normalA.Z()})),
-                   stage.View(stage.Prepare(b, {normalB.X(), normalB.Y(), normalB.Z()})),
-                   tests);
+    const gsl_TravelSpan span = stage.Span(stage.View(stage.Prepare(a, TripleOf(normalA))),
+                                           stage.View(stage.Prepare(b, TripleOf(normalB))), tests);
     return Answer(span, tol, contact, dist);
 }
 
@@ -199,11 +191,12 @@ bool gsl_InPlaneSegSegMinDirectionalDist(const gsl_Vector& dir, const gsl_Point&
                                          const gsl_Point& b1, const gsl_Point& b2, const bool* flags,
                                          double tol, gsl_Point* contact, double& dist)
 {
-    gsl_Triple unit;
-    if (!Unit(dir, unit))
+    gsl_Vector along;
+    if (!gsl_ViewFrame::Unit(dir, along))
     {
         return false;
     }
+    const gsl_Triple unit = TripleOf(along);
     const gsl_Triple a[2] = {TripleOf(a1), TripleOf(a2)};
     const gsl_Triple b[2] = {TripleOf(b1), TripleOf(b2)};
     gsl_TravelSpan span;
@@ -214,11 +207,12 @@ bool gsl_InPlaneSegSegMinDirectionalDist(const gsl_Vector& dir, const gsl_Point&
 bool gsl_InPlaneLinTriMinDirectionalDist(const gsl_Point* seg, const gsl_Point* tri, const gsl_Plane& plane,
                                          const gsl_Vector& dir, int axis, gsl_Point* contact, double& dist)
 {
-    gsl_Triple unit;
-    if (!Unit(dir, unit) || !plane.Direction().IsOrthogonal(dir))
+    gsl_Vector along;
+    if (!gsl_ViewFrame::Unit(dir, along) || !plane.Direction().IsOrthogonal(along))
     {
         return false;
     }
+    const gsl_Triple unit = TripleOf(along);
     const double tolerance = gsl_Util::Instance().LinearTolerance();
     const int dropped = DroppedAxis(axis, plane.Direction());
     const gsl_Triple line[2] = {TripleOf(seg[0]), TripleOf(seg[1])};
@@ -247,11 +241,12 @@ bool gsl_InPlaneTriTriMinDirectionalDist(const gsl_Point* triA, const gsl_Point*
     {
         normal = gsl_Vector(triA[0], triA[1], triA[2]);
     }
-    gsl_Triple unit;
-    if (!Unit(dir, unit) || !normal.IsOrthogonal(dir))
+    gsl_Vector along;
+    if (!gsl_ViewFrame::Unit(dir, along) || !normal.IsOrthogonal(along))
     {
         return false;
     }
+    const gsl_Triple unit = TripleOf(along);
     const double tolerance = gsl_Util::Instance().LinearTolerance();
     const int dropped = DroppedAxis(axis, normal);
     const gsl_Triple a[3] = {TripleOf(triA[0]), TripleOf(triA[1]), TripleOf(triA[2])};

@@ -95,7 +95,7 @@ int gsl_Dot::GetNthParentId(int n) const
 {
     if (n < 0 || n >= NmrParents())
     {
-        nex_RaiseRange(n, NmrParents());
+        nex_RaiseRange(n, NmrParents(), "KTLOxuGsl.m/src/gsl_Dot", __LINE__);
     }
     return entityId_;
 }

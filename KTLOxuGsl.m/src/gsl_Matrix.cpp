@@ -19,7 +19,7 @@ int Checked(int index, int count)
 {
     if (index < 0 || index >= count)
     {
-        nex_RaiseRange(index, count);
+        nex_RaiseRange(index, count, "KTLOxuGsl.m/src/gsl_Matrix", __LINE__);
     }
     return index;
 }

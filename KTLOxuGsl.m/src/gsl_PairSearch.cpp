@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <gsl_PairSearch.h>
 #include <gsl_ProceedClock.h>
+#include <limits>
 #include <utility>
 
 namespace
@@ -14,6 +15,13 @@ constexpr std::size_t LONGEST_QUEUE = std::size_t{1} << 18;
 
 // Parts of this many triangles and fewer are walked to the end at once.
 constexpr int DESCEND_FROM = 128;
+
+// From how many slacks below the limit on a pair of boxes is looked at more closely, whatever its size.
+constexpr double CLOSE = 4.0;
+
+// Tolerances, and roundings in units in the last place of the largest coordinate, that a contact may be off.
+constexpr double TOLERANCES_OFF = 8.0;
+constexpr double ROUNDINGS_OFF = 4096.0 * std::numeric_limits<double>::epsilon();
 }
 
 struct gsl_PairSearch::Walk
@@ -25,6 +33,7 @@ struct gsl_PairSearch::Walk
     gsl_ProceedClock& clock;
     gsl_BestPair& best;
     double slack;
+    double margin;
     double done = 0.0;
 
     // Whether two boxes can meet before the best pair, and when at the soonest.
@@ -32,6 +41,7 @@ struct gsl_PairSearch::Walk
     {
         return stage.Sweep().Meet(m, f, slack, soonest) && soonest < best.Travel();
     }
+    bool CanMeet(int m, int f, double& soonest);
     void Retire(double share)
     {
         done += share;
@@ -66,7 +76,14 @@ void gsl_PairSearch::Run(const gsl_TriOctreeNode& fixed, const gsl_TriOctreeNode
     movable_.Begin(movable);
     const double largest = std::max(fixed_.Source().LargestTerm(gsl_Extent(fixed.Box()).Reach()),
                                     gsl_Extent(movable.Box()).Reach());
-    Walk walk{*this, fixed_, movable_, stage, clock, best, gsl_SweptBox::Slack(largest, stage.Tolerance())};
+    Walk walk{*this,
+              fixed_,
+              movable_,
+              stage,
+              clock,
+              best,
+              gsl_SweptBox::Slack(largest, stage.Tolerance()),
+              TOLERANCES_OFF * stage.Tolerance() + ROUNDINGS_OFF * largest};
     constexpr int ROOT = gsl_SearchTree::Root();
     double soonest = 0.0;
     if (walk.Soonest(movable_.Box(ROOT), fixed_.Box(ROOT), soonest))
@@ -78,6 +95,36 @@ void gsl_PairSearch::Run(const gsl_TriOctreeNode& fixed, const gsl_TriOctreeNode
         walk.LookAt(queue_.Pop());
         walk.Follow();
     }
+}
+
+// Whether two parts can meet in time to matter, and when at the soonest.
+bool gsl_PairSearch::Walk::CanMeet(int m, int f, double& soonest)
+{
+    gsl_PartTree& movables = movable.Parts();
+    gsl_PartTree& fixeds = fixed.Parts();
+    const double limit = best.Limit(fixeds.LowestIndex(f), movables.LowestIndex(m));
+    const gsl_Extent& movableBox = movables.Box(m);
+    const gsl_Extent& fixedBox = fixeds.Box(f);
+    if (!stage.Sweep().Meet(movableBox, fixedBox, slack, soonest) || !(soonest <= limit))
+    {
+        return false;
+    }
+    const bool isSmall = std::max(movables.Count(m), fixeds.Count(f)) <= gsl_PartTree::SHEET_SIZE;
+    if (!best.Found() || (!isSmall && soonest < limit - CLOSE * slack))
+    {
+        return true;
+    }
+    const gsl_Triple& along = stage.Direction();
+    const gsl_Sheet& ofMovable = movables.Sheet(m, along, clock);
+    const gsl_Sheet& ofFixed = fixeds.Sheet(f, along, clock);
+    const double gap = ofFixed.low - ofMovable.high;
+    if (gap > stage.ClearGap() && gap > limit)
+    {
+        return false;
+    }
+    return ofMovable.steepness == 0.0 || ofFixed.steepness == 0.0 ||
+           gsl_Sheet::CanMeet(ofMovable, movableBox, ofFixed, fixedBox,
+                              {along, soonest, limit, slack, margin});
 }
 
 // One pair of nodes: lets it go, puts it back when its boxes have shrunk, walks it to the end, or opens it.
@@ -98,7 +145,9 @@ void gsl_PairSearch::Walk::LookAt(gsl_PairQueue::Item item)
     }
     if (settles)
     {
-        if (!Soonest(movable.Box(item.movable), fixed.Box(item.fixed), item.soonest))
+        const bool isParts = !gsl_SearchTree::IsCell(item.movable) && !gsl_SearchTree::IsCell(item.fixed);
+        if (!(isParts ? CanMeet(item.movable, item.fixed, item.soonest)
+                      : Soonest(movable.Box(item.movable), fixed.Box(item.fixed), item.soonest)))
         {
             Retire(item.share);
             return;
@@ -119,8 +168,9 @@ void gsl_PairSearch::Walk::LookAt(gsl_PairQueue::Item item)
     Open(item);
 }
 
-// Where a pair waits. Once some contact is known, most pairs that can still meet before it have to be looked at
-// anyhow, whatever their order: a stack is cheaper then, and it stays small where a queue could outgrow the memory.
+// Where a pair waits. Once some contact is known, most pairs that can still meet before it have to be looked
+// at anyhow, whatever their order: a stack is cheaper then, and it stays small where a queue could outgrow
+// the memory.
 void gsl_PairSearch::Walk::Wait(const gsl_PairQueue::Item& item)
 {
     if (IsFollowing())
@@ -133,8 +183,8 @@ void gsl_PairSearch::Walk::Wait(const gsl_PairQueue::Item& item)
     }
 }
 
-// Looks at what waits on the stack. A walk that gets long goes back to the queue, in case it has begun far from the
-// nearest contact.
+// Looks at what waits on the stack. A walk that gets long goes back to the queue, in case it has begun far
+// from the nearest contact.
 void gsl_PairSearch::Walk::Follow()
 {
     for (int looks = 0; !search.stack_.empty() && !IsOver() && clock.Spend(PAIR_UNITS); ++looks)
@@ -169,7 +219,8 @@ void gsl_PairSearch::Walk::Open(const gsl_PairQueue::Item& item)
         const int f = openFixed ? fixed.Child(item.fixed, i) : item.fixed;
         const int m = openFixed ? item.movable : movable.Child(item.movable, i);
         double soonest = 0.0;
-        if (Soonest(movable.Box(m), fixed.Box(f), soonest))
+        const bool isParts = !gsl_SearchTree::IsCell(m) && !gsl_SearchTree::IsCell(f);
+        if (isParts ? CanMeet(m, f, soonest) : Soonest(movable.Box(m), fixed.Box(f), soonest))
         {
             Wait({soonest, m, f, 0, share});
         }
@@ -200,19 +251,20 @@ void gsl_PairSearch::Walk::Descend(int m, int f)
     const int opened = openFixed ? 1 : 0;
     near[opened] = openFixed ? fixeds.Lower(f) : movables.Lower(m);
     far[opened] = openFixed ? fixeds.Upper(f) : movables.Upper(m);
-    bool meetsNear = Soonest(movables.Box(near[0]), fixeds.Box(near[1]), soonestNear);
-    bool meetsFar = Soonest(movables.Box(far[0]), fixeds.Box(far[1]), soonestFar);
+    bool meetsNear = CanMeet(near[0], near[1], soonestNear);
+    bool meetsFar = CanMeet(far[0], far[1], soonestFar);
     if (meetsFar && (!meetsNear || soonestFar < soonestNear))
     {
         std::swap(near, far);
         std::swap(soonestNear, soonestFar);
         std::swap(meetsNear, meetsFar);
     }
+    const double before = best.Travel();
     if (meetsNear)
     {
         Descend(near[0], near[1]);
     }
-    if (meetsFar && soonestFar < best.Travel() && !IsOver())
+    if (meetsFar && !IsOver() && (best.Travel() == before || CanMeet(far[0], far[1], soonestFar)))
     {
         Descend(far[0], far[1]);
     }
@@ -259,8 +311,11 @@ void gsl_PairSearch::Walk::TestTriangle(int fixedSlot, const int* movableSlots, 
     {
         const int movableSlot = movableSlots[i];
         double boxes = 0.0;
+        const int fixedIndex = fixeds.TriangleIndex(fixedSlot);
+        const int movableIndex = movables.TriangleIndex(movableSlot);
+        const double limit = best.Limit(fixedIndex, movableIndex);
         if (!stage.BoxesMeet(movables.TriangleBox(movableSlot), fixeds.TriangleBox(fixedSlot), boxes) ||
-            boxes > best.Travel())
+            boxes > limit)
         {
             continue;
         }
@@ -275,9 +330,9 @@ void gsl_PairSearch::Walk::TestTriangle(int fixedSlot, const int* movableSlots, 
         const gsl_StageTriangle* movableTriangle = movables.Prepared(movableSlot, movable.Source(), stage);
         double travel = 0.0;
         if (movableTriangle != nullptr &&
-            stage.Travel(*movableTriangle, *fixedTriangle, boxes, best.Travel(), search.views_, travel))
+            stage.Travel(*movableTriangle, *fixedTriangle, boxes, limit, search.views_, travel))
         {
-            best.Offer(travel, fixeds.TriangleIndex(fixedSlot), movables.TriangleIndex(movableSlot));
+            best.Offer(travel, fixedIndex, movableIndex);
         }
     }
 }

@@ -147,7 +147,8 @@ bool gsl_PairStage::Travel(const gsl_StageTriangle& movable, const gsl_StageTria
     {
         return false;
     }
-    double least = std::max(boxes, fixed.low - movable.high - tolerance_ - rounding);
+    const double gap = fixed.low - movable.high;
+    double least = std::max(boxes, gap > ClearGap() ? gap : gap - tolerance_ - rounding);
     if (least > limit || !LeastByPlanes(movable, fixed, least) || least > limit)
     {
         return false;
@@ -161,7 +162,8 @@ bool gsl_PairStage::Travel(const gsl_StageTriangle& movable, const gsl_StageTria
     {
         return false;
     }
-    // Only rounding can have put the contact below what the boxes, planes and ranges allow.
+    // Only rounding, and contact accepted beside a triangle, can have put it below what boxes, planes and
+    // ranges allow.
     travel = std::max(contact, least);
     if (travel < fixed.low - movable.high - tolerance_ + rounding)
     {
@@ -313,8 +315,8 @@ void gsl_PairStage::CrossSide(const gsl_StageView& a, int sideOfA, const gsl_Sta
     const gsl_Triple alongB = b.facet.Along(sideOfB);
     const double squared = gsl_Dot3(along, along);
     const double squaredB = b.facet.Length(sideOfB) * b.facet.Length(sideOfB);
-    // The two lie in one plane, so where a's side crosses the line of b's side the areas at its ends tell: there they
-    // pass through 0. Their difference is the sine of the two, times both lengths.
+    // The two lie in one plane, so where a's side crosses the line of b's side the areas at its ends tell:
+    // there they pass through 0. Their difference is the sine of the two, times both lengths.
     const double turn = atStart - atEnd;
     if (turn == 0.0 || turn * turn < PARALLEL_EDGES * PARALLEL_EDGES * squared * squaredB)
     {
@@ -329,8 +331,8 @@ void gsl_PairStage::CrossSide(const gsl_StageView& a, int sideOfA, const gsl_Sta
         return;
     }
     const gsl_Triple onA = gsl_Between3(a.corner[start], a.corner[end], std::clamp(s1, 0.0, 1.0));
-    const gsl_Triple onB =
-        gsl_Between3(b.corner[gsl_Facet::START[sideOfB]], b.corner[gsl_Facet::END[sideOfB]], std::clamp(s2, 0.0, 1.0));
+    const gsl_Triple onB = gsl_Between3(b.corner[gsl_Facet::START[sideOfB]],
+                                        b.corner[gsl_Facet::END[sideOfB]], std::clamp(s2, 0.0, 1.0));
     span.Add(gsl_Dot3(onB - onA, dir), onA, onB);
 }
 
@@ -362,9 +364,9 @@ bool gsl_PairStage::Cross(const gsl_Triple& p1, const gsl_Triple& d1, const gsl_
 bool gsl_PairStage::LeastByPlanes(const gsl_StageTriangle& movable, const gsl_StageTriangle& fixed,
                                   double& least) const
 {
-    const double off = TOLERANCES_OFF * tolerance_ +
-                       (TOLERANCES_BESIDE * tolerance_ + movable.rounding + fixed.rounding) *
-                           (movable.perCosine + fixed.perCosine);
+    const double off =
+        TOLERANCES_OFF * tolerance_ + (TOLERANCES_BESIDE * tolerance_ + movable.rounding + fixed.rounding) *
+                                          (movable.perCosine + fixed.perCosine);
     double most = std::numeric_limits<double>::max();
     if (fixed.perCosine > 0.0)
     {
@@ -385,8 +387,8 @@ bool gsl_PairStage::LeastByPlanes(const gsl_StageTriangle& movable, const gsl_St
 
 bool gsl_PairStage::SeenApart(const gsl_StageView& a, const gsl_StageView& b, gsl_PairTests& tests) const
 {
-    // Two triangles of a plane are apart when a side of one of them separates them. To the left of a side that runs
-    // counter-clockwise lies what is inside it.
+    // Two triangles of a plane are apart when a side of one of them separates them. To the left of a side
+    // that runs counter-clockwise lies what is inside it.
     const double reach = TOLERANCES_OFF * tolerance_ + a.rounding + b.rounding;
     const gsl_StageView* pair[2] = {&a, &b};
     unsigned outside[2] = {0, 0};

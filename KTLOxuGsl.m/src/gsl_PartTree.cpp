@@ -62,6 +62,7 @@ void gsl_PartTree::Clear(std::size_t room)
 void gsl_PartTree::BeginSearch()
 {
     prepared_.Reset();
+    sheets_.Reset();
 }
 
 int gsl_PartTree::MakeGroup(const std::vector<std::int32_t>& indices, gsl_CornerSource& source,
@@ -70,8 +71,8 @@ int gsl_PartTree::MakeGroup(const std::vector<std::int32_t>& indices, gsl_Corner
     const int count = static_cast<int>(indices.size());
     const int begin = static_cast<int>(index_.size());
     const int group = static_cast<int>(parts_.size());
-    // Written as they come, and left as they are beforehand: clearing much memory would take long between two looks
-    // at the clock.
+    // Written as they come, and left as they are beforehand: clearing much memory would take long between two
+    // looks at the clock.
     fetched_.clear();
     fetched_.reserve(indices.size());
     loose_.clear();
@@ -95,21 +96,44 @@ int gsl_PartTree::MakeGroup(const std::vector<std::int32_t>& indices, gsl_Corner
             return NONE;
         }
     }
-    if (!Halve(loose_.data(), count, begin, region, clock))
+    try
     {
-        parts_.resize(At(group));
-        return NONE;
+        if (!Halve(loose_.data(), count, begin, region, clock))
+        {
+            CutBack(group, begin);
+            return NONE;
+        }
+        for (const Loose& item : loose_)
+        {
+            index_.push_back(indices[At(item.at)]);
+            corners_.push_back(fetched_[At(item.at)]);
+            boxes_.push_back(BoxOf(corners_.back()));
+            preparedAt_.push_back(NOT_PREPARED);
+            clock.Spend(1); // not given up here: half a group is none
+        }
+        const int last = static_cast<int>(parts_.size());
+        sheetAt_.resize(parts_.size());
+        FindLowest(group, last);
+        MakeBoxes(group, last, clock);
     }
-    for (const Loose& item : loose_)
+    catch (...)
     {
-        index_.push_back(indices[At(item.at)]);
-        corners_.push_back(fetched_[At(item.at)]);
-        boxes_.push_back(BoxOf(corners_.back()));
-        preparedAt_.push_back(NOT_PREPARED);
-        clock.Spend(1); // not given up here: half a group is none
+        // The clock asks the caller, who may throw. Slots left behind would outgrow the room that keeps
+        // corners where they are.
+        CutBack(group, begin);
+        throw;
     }
-    MakeBoxes(group, static_cast<int>(parts_.size()), clock);
     return group;
+}
+
+void gsl_PartTree::CutBack(int parts, int slots) noexcept
+{
+    parts_.resize(At(parts));
+    sheetAt_.resize(At(parts));
+    index_.resize(At(slots));
+    corners_.resize(At(slots));
+    boxes_.resize(At(slots));
+    preparedAt_.resize(At(slots));
 }
 
 bool gsl_PartTree::FetchGroup(int group, gsl_CornerSource& source, gsl_ProceedClock& clock)
@@ -230,8 +254,50 @@ void gsl_PartTree::MakeBoxes(int first, int last, gsl_ProceedClock& clock)
             box.Add(Box(Upper(part)));
         }
         parts_[At(part)].box = box;
+        sheetAt_[At(part)] = NOT_PREPARED;
         clock.Spend(1);
     }
+}
+
+// The lowest indices of the parts from first to before last.
+void gsl_PartTree::FindLowest(int first, int last)
+{
+    for (int part = last - 1; part >= first; --part)
+    {
+        const auto begin = index_.begin() + FirstSlot(part);
+        std::int32_t lowest = std::numeric_limits<std::int32_t>::max(); // of an empty group
+        if (IsLeaf(part))
+        {
+            std::for_each(begin, begin + Count(part), [&](std::int32_t i) { lowest = std::min(lowest, i); });
+        }
+        else
+        {
+            lowest = std::min(LowestIndex(Lower(part)), LowestIndex(Upper(part)));
+        }
+        parts_[At(part)].lowest = lowest;
+    }
+}
+
+const gsl_Sheet& gsl_PartTree::MakeSheet(int part, const gsl_Triple& along, gsl_ProceedClock& clock)
+{
+    gsl_Sheet sheet;
+    if (Count(part) > SHEET_SIZE && !IsLeaf(part))
+    {
+        sheet.AddHeights(Sheet(Lower(part), along, clock));
+        sheet.AddHeights(Sheet(Upper(part), along, clock));
+    }
+    else
+    {
+        const auto begin = corners_.begin() + FirstSlot(part);
+        std::for_each(begin, begin + Count(part), [&](const Corners& c) { sheet.AddSlope(c.at, along); });
+        sheet.Lean(along);
+        std::for_each(begin, begin + Count(part), [&](const Corners& c) { sheet.AddPlaces(c.at, along); });
+        clock.Spend(Count(part));
+    }
+    sheetAt_[At(part)] = static_cast<std::int32_t>(sheets_.Count());
+    gsl_Sheet& kept = sheets_.Take();
+    kept = sheet;
+    return kept;
 }
 
 const gsl_StageTriangle* gsl_PartTree::Prepare(int slot, const gsl_CornerSource& source,

@@ -61,7 +61,7 @@ double gsl_Point::operator[](int index) const
     case 2:
         return z_;
     default:
-        nex_RaiseRange(index, 3);
+        nex_RaiseRange(index, 3, "KTLOxuGsl.m/src/gsl_Point", __LINE__);
     }
 }
 

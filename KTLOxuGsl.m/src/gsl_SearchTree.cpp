@@ -3,7 +3,9 @@
 
 void gsl_SearchTree::Begin(const gsl_TriOctreeNode& root)
 {
-    if (stamp_ != root.Stamp() || ++search_ == 0)
+    // A node and those above it may have come by their contents with the same triangle: then they share a
+    // stamp.
+    if (stamp_ != root.Stamp() || cells_.front().node != &root || ++search_ == 0)
     {
         stamp_ = 0;
         cells_ = {MakeCell(root, 0)};

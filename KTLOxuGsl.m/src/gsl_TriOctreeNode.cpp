@@ -99,7 +99,7 @@ void gsl_TriOctreeNode::Build(int i, gsl_TriOctreeNode* child, int maxDepth)
     }
     if (i < 0 || i >= GetChildCount())
     {
-        nex_RaiseRange(i, GetChildCount());
+        nex_RaiseRange(i, GetChildCount(), "KTLOxuGsl.m/src/gsl_TriOctreeNode", __LINE__);
     }
     const int before = At(i) ? At(i)->count_ : 0;
     At(i).reset(child);

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cmath>
 #include <cstdlib>
 #include <gsl_BBox.h>
 #include <gsl_DirDistWork.h>
@@ -11,6 +10,7 @@
 #include <gsl_TriTriDirDist.h>
 #include <gsl_Triangle.h>
 #include <gsl_Util.h>
+#include <gsl_ViewFrame.h>
 #include <limits>
 #include <vector>
 
@@ -78,20 +78,11 @@ bool gsl_TriTriDirDist::Proceed(double)
 
 bool gsl_TriTriDirDist::SetDirection(const gsl_Vector& direction)
 {
-    // Scaled first, so that the length of a tiny or huge vector neither vanishes nor overflows. A power of
-    // two leaves the digits as they are.
-    const double largest =
-        std::max({std::abs(direction.X()), std::abs(direction.Y()), std::abs(direction.Z())});
-    int exponent = 0;
-    std::frexp(largest, &exponent);
-    gsl_Vector unit(std::ldexp(direction.X(), -exponent), std::ldexp(direction.Y(), -exponent),
-                    std::ldexp(direction.Z(), -exponent));
-    if (!std::isfinite(unit.Magnitude()) || !unit.Normalize(0.0))
+    if (!gsl_ViewFrame::Unit(direction, direction_))
     {
         return false;
     }
-    direction_ = unit;
-    work_->SetStage({unit.X(), unit.Y(), unit.Z()}, pairTolerance_);
+    work_->SetStage({direction_.X(), direction_.Y(), direction_.Z()}, pairTolerance_);
     return true;
 }
 

@@ -14,7 +14,7 @@ int Checked(int index)
 {
     if (index < 0 || index >= CORNERS)
     {
-        nex_RaiseRange(index, CORNERS);
+        nex_RaiseRange(index, CORNERS, "KTLOxuGsl.m/src/gsl_Triangle", __LINE__);
     }
     return index;
 }

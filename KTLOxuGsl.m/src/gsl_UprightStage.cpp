@@ -119,7 +119,12 @@ struct gsl_UprightStage::Seen
     // Twice the signed area of corners i, k and the place (px, py).
     double Area(int i, int k, double px, double py) const
     {
-        return (x[i] - px) * (y[k] - py) - (y[i] - py) * (x[k] - px);
+        const double a = (x[i] - px) * (y[k] - py);
+        const double b = (y[i] - py) * (x[k] - px);
+        // Seen as a needle, the shares of its corners rest on what is left of the two.
+        return std::abs(a - b) < gsl_NEEDLE_SINE * std::abs(a)
+                   ? gsl_ProductsApart(x[i] - px, y[k] - py, y[i] - py, x[k] - px)
+                   : a - b;
     }
 
     // Calls found(height, place) for the triangle's place over (px, py), and for the place nearest to it on
@@ -168,7 +173,8 @@ struct gsl_UprightStage::Seen
     }
 };
 
-void gsl_UprightStage::Clip(const gsl_StageView& movable, const gsl_StageView& fixed, const gsl_PairTests& tests, gsl_TravelSpan& span) const
+void gsl_UprightStage::Clip(const gsl_StageView& movable, const gsl_StageView& fixed,
+                            const gsl_PairTests& tests, gsl_TravelSpan& span) const
 {
     const gsl_Triple& origin = fixed.origin;
     const Seen seenMovable(movable, origin, frame_);
@@ -181,7 +187,8 @@ void gsl_UprightStage::Clip(const gsl_StageView& movable, const gsl_StageView& f
     }
 }
 
-void gsl_UprightStage::ClipWithin(const Seen& movable, const Seen& fixed, const gsl_PairTests& tests, double reach, gsl_TravelSpan& span) const
+void gsl_UprightStage::ClipWithin(const Seen& movable, const Seen& fixed, const gsl_PairTests& tests,
+                                  double reach, gsl_TravelSpan& span) const
 {
     for (int i = 0; i < 3; ++i)
     {

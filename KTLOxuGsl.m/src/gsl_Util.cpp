@@ -19,6 +19,6 @@ double gsl_Util::AngleStep(int step) const
     case 5:
         return angleStep5;
     default:
-        nex_RaiseRange(step, 5);
+        nex_RaiseRange(step, 5, "KTLOxuGsl.m/src/gsl_Util", __LINE__);
     }
 }

@@ -2,6 +2,7 @@
 #include <gsl_Matrix.h>
 #include <gsl_Plane.h>
 #include <gsl_Point.h>
+#include <gsl_Triple.h>
 #include <gsl_Util.h>
 #include <gsl_Vector.h>
 #include <gsl_utils.h>
@@ -21,15 +22,14 @@ double Unit(double component, double magnitude)
 
 gsl_Vector::gsl_Vector(const gsl_Point& p1, const gsl_Point& p2, const gsl_Point& p3)
 {
-    const gsl_Vector a = p2 - p1;
-    const gsl_Vector b = p3 - p2;
-    const gsl_Vector n = a.CrossProduct(b);
-    const double length = n.Magnitude();
-    if (length > gsl_Util::Instance().ParallelTolerance() * a.Magnitude() * b.Magnitude())
+    const gsl_Triple a{p2.X() - p1.X(), p2.Y() - p1.Y(), p2.Z() - p1.Z()};
+    const gsl_Triple b{p3.X() - p2.X(), p3.Y() - p2.Y(), p3.Z() - p2.Z()};
+    gsl_Triple unit;
+    if (gsl_UnitNormal3(a, b, gsl_Util::Instance().ParallelTolerance(), unit))
     {
-        x_ = n.x_ / length;
-        y_ = n.y_ / length;
-        z_ = n.z_ / length;
+        x_ = unit.x;
+        y_ = unit.y;
+        z_ = unit.z;
         magnitude_ = 1.0;
     }
 }
@@ -48,7 +48,7 @@ void gsl_Vector::Set(int index, double value)
         z_ = value;
         break;
     default:
-        nex_RaiseRange(index, 3);
+        nex_RaiseRange(index, 3, "KTLOxuGsl.m/src/gsl_Vector", __LINE__);
     }
     magnitude_ = -1.0;
 }
@@ -64,7 +64,7 @@ double gsl_Vector::operator[](int index) const
     case 2:
         return z_;
     default:
-        nex_RaiseRange(index, 3);
+        nex_RaiseRange(index, 3, "KTLOxuGsl.m/src/gsl_Vector", __LINE__);
     }
 }
 

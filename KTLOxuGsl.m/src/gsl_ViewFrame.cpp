@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <cmath>
+#include <gsl_Vector.h>
 #include <gsl_ViewFrame.h>
 
 gsl_ViewFrame::gsl_ViewFrame(const gsl_Triple& direction) : along(direction)
@@ -19,4 +21,22 @@ gsl_ViewFrame::gsl_ViewFrame(const gsl_Triple& direction) : along(direction)
     across1 = gsl_Cross3(along, axis);
     across1 = across1 * (1.0 / gsl_Length3(across1));
     across2 = gsl_Cross3(along, across1);
+}
+
+bool gsl_ViewFrame::Unit(const gsl_Vector& direction, gsl_Vector& unit)
+{
+    // Scaled first, so that the length of a tiny or huge vector neither vanishes nor overflows. A power of
+    // two leaves the digits as they are.
+    const double largest =
+        std::max({std::abs(direction.X()), std::abs(direction.Y()), std::abs(direction.Z())});
+    int exponent = 0;
+    std::frexp(largest, &exponent);
+    gsl_Vector scaled(std::ldexp(direction.X(), -exponent), std::ldexp(direction.Y(), -exponent),
+                      std::ldexp(direction.Z(), -exponent));
+    if (!std::isfinite(scaled.Magnitude()) || !scaled.Normalize(0.0))
+    {
+        return false;
+    }
+    unit = scaled;
+    return true;
 }

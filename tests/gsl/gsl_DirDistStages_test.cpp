@@ -328,8 +328,14 @@ protected:
                 p = {draw.Number(-1, 1), draw.Number(-1, 1), draw.Number(-1, 1)};
         }
         if (lean == Lean::NEEDLE)
+        {
+            // Down to the sine below which triangles are left out; a third corner anywhere along the long
+            // side.
+            const double width = std::pow(10.0, draw.Number(-9, -3));
+            const double at = draw.Coin() ? 1 : draw.Number(0, 1);
             for (std::size_t k = 0; k < 3; ++k)
-                t[2][k] = t[1][k] + draw.Number(-1e-4, 1e-4);
+                t[2][k] = t[0][k] * (1 - at) + t[1][k] * at + width * draw.Number(-1, 1);
+        }
         return t;
     }
 };

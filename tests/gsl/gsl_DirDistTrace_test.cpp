@@ -119,31 +119,6 @@ TEST_F(DirDistTrace, NumbersAreTheSameInEveryLocale)
     EXPECT_NE(Traced().find("  Distance: 2.500000\n"), std::string::npos);
 }
 
-TEST_F(DirDistTrace, AnswersLikeTheFastSearch)
-{
-    GeometryDraw draw(40);
-    for (const SetFamily& family : SET_FAMILIES)
-    {
-        for (int i = 0; i < 12; ++i)
-        {
-            const SetPair pair = family.draw(draw);
-            const gsl_TriOctree fixed = Tree(pair.fixed, OCT, 1 + i % 4);
-            const gsl_TriOctree movable = Tree(pair.movable, OCT, 1 + i % 4);
-            SetSearch traced(4, pair.fixed, pair.movable);
-            unsetenv(SWITCH);
-            SetSearch plain(4, pair.fixed, pair.movable);
-            setenv(SWITCH, "1", 1);
-            EXPECT_TRUE(traced.IsTracing());
-            EXPECT_FALSE(plain.IsTracing());
-            ASSERT_TRUE(traced.SetDirection(pair.direction) && plain.SetDirection(pair.direction));
-            const Answer a = Ask(traced, fixed, movable, UNLIMITED);
-            const Answer b = Ask(plain, fixed, movable, UNLIMITED);
-            ASSERT_EQ(a.found, b.found) << family.name << i;
-            ASSERT_EQ(a.travel, b.travel) << family.name << i;
-        }
-    }
-}
-
 TEST_F(DirDistTrace, StaysOffWhereTheFileCannotBeOpened)
 {
     std::filesystem::create_directory(FILE_NAME); // in the file's place
@@ -151,14 +126,6 @@ TEST_F(DirDistTrace, StaysOffWhereTheFileCannotBeOpened)
     EXPECT_FALSE(search.IsTracing());
     EXPECT_TRUE(Ask(search, Tree(LID, OCT, 1), Tree(FLOOR, OCT, 1), UNLIMITED).found);
     EXPECT_TRUE(std::filesystem::is_empty(FILE_NAME));
-}
-
-TEST_F(DirDistTrace, NoFileWithoutTheSwitch)
-{
-    unsetenv(SWITCH);
-    SetSearch search(1, LID, FLOOR);
-    EXPECT_TRUE(Ask(search, Tree(LID, OCT, 1), Tree(FLOOR, OCT, 1), UNLIMITED).found);
-    EXPECT_FALSE(std::filesystem::exists(FILE_NAME));
 }
 
 TEST_F(DirDistTrace, IsFlushedWithEveryPairOfLists)

@@ -87,34 +87,6 @@ TEST(DirectionalDist, ToleranceIsTheCallers)
     EXPECT_EQ(dist, 0);
 }
 
-TEST(DirectionalDist, TrianglesAgainstTheOracle)
-{
-    GeometryDraw draw(61);
-    int met = 0;
-    for (int i = 0; i < 5000; ++i)
-    {
-        Triangle t[2];
-        for (Triangle& triangle : t)
-            for (Point& p : triangle)
-                p = {draw.Number(-1, 1), draw.Number(-1, 1), draw.Number(-1, 1)};
-        const gsl_Vector u = draw.Unit();
-        const auto exact = testing_oracle::MeetingInterval(testing_oracle::Frame({u.X(), u.Y(), u.Z()}), t[0],
-                                                           t[1], 0, 0, 1e-15L);
-        double dist = -1;
-        gsl_Point contact;
-        const bool found = TriTri(t[0], t[1], nullptr, L, &contact, dist, u);
-        ASSERT_EQ(found, exact.meets && exact.last >= 0) << i;
-        if (!found)
-            continue;
-        ++met;
-        ASSERT_NEAR(dist, std::max(static_cast<double>(exact.first), 0.0), 1e-9) << i;
-        ASSERT_TRUE(Of(t[1]).Contains(contact)) << i;
-        gsl_Point back = contact - u * dist;
-        ASSERT_TRUE(Of(t[0]).Contains(back)) << i;
-    }
-    EXPECT_GT(met, 500);
-}
-
 struct SegmentRow
 {
     const char* what;

@@ -13,14 +13,12 @@
 #include <gsl_StLine.h>
 #include <memory>
 #include <nex_RangeException.h>
-#include <stdexcept>
+#include <sstream>
 #include <string>
 
 namespace
 {
-const gsl_Point ORIGIN(0, 0, 0);
-const gsl_Vector X(1, 0, 0);
-const gsl_Vector Z(0, 0, 1);
+using namespace geometry;
 
 /// A model that answers as told and keeps the last question.
 class FakeModel : public gsl_ModelAccess
@@ -46,7 +44,6 @@ public:
     int FindOwner(int instanceId, int entityId) const override { return 100 * instanceId + entityId; }
 
     bool answers = true;
-    bool fails = false;
     gsl_Point place = gsl_Point(1, 2, 3);
     gsl_Vector direction = gsl_Vector(0, 0, 4);
     mutable std::string question;
@@ -58,13 +55,7 @@ private:
     {
         question = what + std::string(" ") + std::to_string(method);
         for (const int id : ids)
-        {
             question += " " + std::to_string(id);
-        }
-        if (fails)
-        {
-            throw std::runtime_error("the model is being edited");
-        }
         point = place;
         vector = direction;
         return answers;
@@ -94,257 +85,144 @@ gsl_Dot PickedDot()
     return dot;
 }
 
-TEST(ModelAccess, IsNoneUntilOneIsMadeAndAfterItDied)
+TEST(Regenerate, TakesThePlaceFromTheModel)
 {
     EXPECT_EQ(gsl_ModelAccess::Current(), nullptr);
     {
         const FakeModel first;
-        EXPECT_EQ(gsl_ModelAccess::Current(), &first);
+        const FakeModel model;
+        EXPECT_EQ(gsl_ModelAccess::Current(), &model);
+        for (const bool flip : {false, true})
         {
-            const FakeModel second;
-            EXPECT_EQ(gsl_ModelAccess::Current(), &second);
+            gsl_Plane plane = PickedPlane(flip);
+            EXPECT_TRUE(plane.Regenerate());
+            EXPECT_EQ(model.question, "plane 1 4 9");
+            EXPECT_TRUE(Same(plane.PointOn(), model.place) && Same(plane.Direction(), Z * (flip ? -1 : 1)));
+            EXPECT_TRUE(Same(plane.Centroid(), model.place)) << "the old centroid is forgotten";
+            EXPECT_TRUE(plane.Method() == gsl_DirMethod::FROM_FACE && plane.IsFlipped() == flip);
+            gsl_StLine line = PickedLine(flip);
+            EXPECT_TRUE(line.Regenerate());
+            EXPECT_EQ(model.question, "line 1 7");
+            EXPECT_TRUE(Same(line.PointOn(), model.place) && Same(line.Direction(), Z * (flip ? -1 : 1)));
+            EXPECT_TRUE(Same(line.DirectionForDatum(), Z));
         }
-        EXPECT_EQ(gsl_ModelAccess::Current(), nullptr);
+        gsl_Dot dot = PickedDot();
+        EXPECT_TRUE(dot.Regenerate());
+        EXPECT_EQ(model.question, "dot 3 2 31");
+        EXPECT_EQ(model.data, (cow_List<double>{0.25}));
+        EXPECT_TRUE(Same(dot.GetPoint(), model.place));
+        EXPECT_EQ(dot.GetMethod(), gsl_DotMethod::gsl_FROM_EDGE_PARAM);
     }
     EXPECT_EQ(gsl_ModelAccess::Current(), nullptr);
 }
 
-TEST(Regenerate, TakesThePlaceFromTheModel)
-{
-    const FakeModel model;
-    gsl_Plane plane = PickedPlane();
-    EXPECT_TRUE(plane.Regenerate());
-    EXPECT_EQ(model.question, "plane 1 4 9");
-    EXPECT_TRUE(Same(plane.PointOn(), model.place));
-    EXPECT_TRUE(Same(plane.Direction(), Z));
-    EXPECT_TRUE(Same(plane.Centroid(), model.place)) << "the old centroid is forgotten";
-    EXPECT_EQ(plane.Method(), gsl_DirMethod::FROM_FACE);
-    gsl_StLine line = PickedLine();
-    EXPECT_TRUE(line.Regenerate());
-    EXPECT_EQ(model.question, "line 1 7");
-    EXPECT_TRUE(Same(line.PointOn(), model.place));
-    EXPECT_TRUE(Same(line.Direction(), Z));
-    gsl_Dot dot = PickedDot();
-    EXPECT_TRUE(dot.Regenerate());
-    EXPECT_EQ(model.question, "dot 3 2 31");
-    EXPECT_EQ(model.data, (cow_List<double>{0.25}));
-    EXPECT_TRUE(Same(dot.GetPoint(), model.place));
-    EXPECT_EQ(dot.GetMethod(), gsl_DotMethod::gsl_FROM_EDGE_PARAM);
-}
-
-TEST(Regenerate, FlippedOnesReverseTheModelsDirection)
-{
-    const FakeModel model;
-    gsl_Plane plane = PickedPlane(true);
-    EXPECT_TRUE(plane.Regenerate());
-    EXPECT_TRUE(plane.IsFlipped());
-    EXPECT_TRUE(Same(plane.Direction(), Z * -1));
-    gsl_StLine line = PickedLine();
-    line.FlipDirection();
-    EXPECT_TRUE(line.Regenerate());
-    EXPECT_TRUE(line.IsFlipped());
-    EXPECT_TRUE(Same(line.Direction(), Z * -1));
-    EXPECT_TRUE(Same(line.DirectionForDatum(), Z));
-}
-
-// Four ways not to get an answer; each leaves the invalid method and the last geometry.
+// Ways not to get an answer; each leaves the invalid method and the last geometry.
 enum class Refusal { NO_HOOK, SAYS_NO, NO_DIRECTION };
 
-void ExpectInvalid(Refusal refusal)
+void ExpectInvalidForGood(Refusal refusal)
 {
     std::unique_ptr<FakeModel> model;
     if (refusal != Refusal::NO_HOOK)
     {
         model = std::make_unique<FakeModel>();
         model->answers = refusal != Refusal::SAYS_NO;
-        model->direction = refusal == Refusal::NO_DIRECTION ? gsl_Vector(0, 0, 0.9e-6) : model->direction;
+        model->direction = Z * (refusal == Refusal::NO_DIRECTION ? 0.9e-6 : 4.0);
     }
     gsl_Plane plane = PickedPlane();
-    EXPECT_FALSE(plane.Regenerate());
-    EXPECT_FALSE(plane.IsValid());
-    EXPECT_EQ(plane.Method(), gsl_DirMethod::PLANE_INVALID);
-    EXPECT_TRUE(Same(plane.PointOn(), ORIGIN));
-    EXPECT_TRUE(Same(plane.Direction(), X));
-    EXPECT_TRUE(Same(plane.Centroid(), gsl_Point(0, 5, 0)));
     gsl_StLine line = PickedLine();
-    EXPECT_FALSE(line.Regenerate());
-    EXPECT_FALSE(line.IsValid());
+    EXPECT_FALSE(plane.Regenerate() || plane.IsValid() || line.Regenerate() || line.IsValid());
+    EXPECT_EQ(plane.Method(), gsl_DirMethod::PLANE_INVALID);
     EXPECT_EQ(line.Method(), gsl_LineMethod::STLINE_INVALID);
-    EXPECT_TRUE(Same(line.PointOn(), ORIGIN));
-    EXPECT_TRUE(Same(line.Direction(), X));
-    if (refusal != Refusal::NO_DIRECTION)
-    {
-        gsl_Dot dot = PickedDot();
-        EXPECT_FALSE(dot.Regenerate());
-        EXPECT_EQ(dot.GetMethod(), gsl_DotMethod::gsl_DOT_INVALID);
-        EXPECT_TRUE(Same(dot.GetPoint(), gsl_Point(5, 5, 5)));
-        EXPECT_EQ(dot.GetEntityId(), 31);
-    }
-    // Invalid for good: a model that answers again cannot know what was picked.
+    EXPECT_TRUE(Same(plane.PointOn(), ORIGIN) && Same(plane.Direction(), X) &&
+                Same(plane.Centroid(), gsl_Point(0, 5, 0)));
+    EXPECT_TRUE(Same(line.PointOn(), ORIGIN) && Same(line.Direction(), X));
+    gsl_Dot dot = PickedDot();
+    const bool needsNoDirection = refusal == Refusal::NO_DIRECTION;
+    EXPECT_EQ(dot.Regenerate(), needsNoDirection);
+    EXPECT_EQ(dot.GetMethod() == gsl_DotMethod::gsl_DOT_INVALID, !needsNoDirection);
+    EXPECT_TRUE(needsNoDirection || Same(dot.GetPoint(), gsl_Point(5, 5, 5)));
+    // A model that answers again cannot know what was picked.
     model = std::make_unique<FakeModel>();
-    EXPECT_FALSE(plane.Regenerate() || line.Regenerate());
-    EXPECT_EQ(model->question, "");
+    gsl_HitRecord record;
+    record.method = 77;
+    EXPECT_FALSE(plane.Regenerate() || line.Regenerate() || plane.CreateHitRecord(record) ||
+                 line.CreateHitRecord(record));
+    EXPECT_TRUE(model->question.empty() && record.method == 77);
 }
 
-TEST(Regenerate, WithoutAHookMakesInvalid)
+TEST(Regenerate, WithoutAnAnswerMakesInvalidForGood)
 {
-    ExpectInvalid(Refusal::NO_HOOK);
-}
-
-TEST(Regenerate, ARefusalMakesInvalid)
-{
-    ExpectInvalid(Refusal::SAYS_NO);
-}
-
-TEST(Regenerate, AnAnswerWithoutADirectionMakesInvalid)
-{
-    ExpectInvalid(Refusal::NO_DIRECTION);
+    for (const Refusal refusal : {Refusal::NO_HOOK, Refusal::SAYS_NO, Refusal::NO_DIRECTION})
+        ExpectInvalidForGood(refusal);
 }
 
 TEST(Regenerate, FreeGeometryAsksNobody)
 {
-    const gsl_Plane made(ORIGIN, X);
-    for (const bool hooked : {false, true})
-    {
-        std::unique_ptr<FakeModel> model;
-        if (hooked)
-        {
-            model = std::make_unique<FakeModel>();
-            model->answers = false;
-        }
-        gsl_Plane plane = made;
-        gsl_StLine fromVector(ORIGIN, X);
-        gsl_StLine fromPoints(ORIGIN, gsl_Point(1, 0, 0));
-        gsl_Dot dot(1, 2, 3);
-        EXPECT_TRUE(plane.Regenerate() && fromVector.Regenerate() && fromPoints.Regenerate() &&
-                    dot.Regenerate());
-        EXPECT_TRUE(plane.IsValid() && fromVector.IsValid() && fromPoints.IsValid());
-        EXPECT_TRUE(Same(plane.Direction(), X));
-        EXPECT_TRUE(Same(dot.GetPoint(), gsl_Point(1, 2, 3)));
-        EXPECT_EQ(model ? model->question : "", "");
-    }
-    gsl_Plane never;
-    gsl_Dot unset;
-    EXPECT_FALSE(never.Regenerate() || unset.Regenerate());
-}
-
-TEST(Regenerate, AnExceptionLeavesTheObject)
-{
-    FakeModel model;
-    model.fails = true;
-    gsl_Plane plane = PickedPlane();
-    gsl_StLine line = PickedLine();
-    gsl_Dot dot = PickedDot();
-    EXPECT_THROW((void)plane.Regenerate(), std::runtime_error);
-    EXPECT_THROW((void)line.Regenerate(), std::runtime_error);
-    EXPECT_THROW((void)dot.Regenerate(), std::runtime_error);
-    EXPECT_TRUE(plane.IsValid() && line.IsValid());
-    EXPECT_TRUE(Same(plane.PointOn(), ORIGIN));
-    EXPECT_TRUE(Same(line.PointOn(), ORIGIN));
-    EXPECT_TRUE(Same(dot.GetPoint(), gsl_Point(5, 5, 5)));
+    const FakeModel model;
+    const auto free = [](auto geometry, bool valid) {
+        gsl_HitRecord none;
+        return geometry.Regenerate() == valid && geometry.IsValid() == valid &&
+               !geometry.CreateHitRecord(none);
+    };
+    EXPECT_TRUE(free(gsl_Plane(ORIGIN, X), true) && free(gsl_StLine(ORIGIN, X), true) &&
+                free(gsl_StLine(ORIGIN, gsl_Point(1, 0, 0)), true));
+    EXPECT_TRUE(free(gsl_Plane(), false) && free(gsl_StLine(), false));
+    gsl_HitRecord none;
+    gsl_Dot dot(1, 2, 3);
+    EXPECT_TRUE(dot.Regenerate() && Same(dot.GetPoint(), gsl_Point(1, 2, 3)) && !dot.CreateHitRecord(none));
+    EXPECT_FALSE(gsl_Dot().Regenerate() || gsl_Dot().CreateHitRecord(none));
+    EXPECT_EQ(model.question, "");
 }
 
 TEST(Regenerate, ASegmentRegeneratesBothDots)
 {
-    FakeModel model;
+    const FakeModel model;
     gsl_ModelSegment segment(PickedDot(), PickedDot());
     EXPECT_TRUE(segment.Regenerate());
-    EXPECT_TRUE(Same(segment.Point2().GetPoint(), model.place));
+    EXPECT_TRUE(Same(segment.Point1().GetPoint(), model.place));
     gsl_ModelSegment half(gsl_Dot(), PickedDot());
-    model.place = gsl_Point(8, 8, 8);
     EXPECT_FALSE(half.Regenerate());
-    EXPECT_TRUE(Same(half.Point2().GetPoint(), gsl_Point(8, 8, 8))) << "also when the first dot fails";
+    EXPECT_TRUE(Same(half.Point2().GetPoint(), model.place)) << "also when the first dot fails";
 }
 
 TEST(Dot, Construction)
 {
-    struct Row
+    gsl_Dot node;
+    node.SetValues(ORIGIN, gsl_DotMethod::gsl_FROM_NODE, 2, 1234);
+    const struct
     {
-        const char* what;
         gsl_Dot dot;
-        gsl_DotMethod method;
-        gsl_Point place;
-        int instance, entity, parents;
-    };
-    const Row rows[] = {
-        {"default", gsl_Dot(), gsl_DotMethod::gsl_DOT_INVALID, ORIGIN, 0, 0, 0},
-        {"ids", gsl_Dot(3, 4), gsl_DotMethod::gsl_FROM_VERTEX, ORIGIN, 3, 4, 1},
-        {"coordinates", gsl_Dot(1, 2, 3), gsl_DotMethod::gsl_FROM_POINT, gsl_Point(1, 2, 3), 0, 0, 0},
-        {"point", gsl_Dot(gsl_Point(1, 2, 3)), gsl_DotMethod::gsl_FROM_POINT, gsl_Point(1, 2, 3), 0, 0, 0},
-        {"values", PickedDot(), gsl_DotMethod::gsl_FROM_EDGE_PARAM, gsl_Point(5, 5, 5), 2, 31, 1}};
-    for (const Row& row : rows)
+        const char* expected; // method, x, instance, entity, parents, label
+    } rows[] = {{gsl_Dot(), "11 0 0 0 0 -1"},
+                {gsl_Dot(3, 4), "1 0 3 4 1 -1"},
+                {gsl_Dot(1, 2, 3), "0 1 0 0 0 -1"},
+                {node, "10 0 2 1234 1 1234"}};
+    for (const auto& [dot, expected] : rows)
     {
-        SCOPED_TRACE(row.what);
-        EXPECT_EQ(row.dot.GetMethod(), row.method);
-        EXPECT_TRUE(Same(row.dot.GetPoint(), row.place));
-        EXPECT_EQ(row.dot.GetInstanceId(), row.instance);
-        EXPECT_EQ(row.dot.GetEntityId(), row.entity);
-        EXPECT_EQ(row.dot.NmrParents(), row.parents);
-        EXPECT_EQ(row.dot.GetUserNodeLabel(), -1);
-        EXPECT_THROW((void)row.dot.GetNthParentId(row.parents), nex_RangeException);
-        EXPECT_THROW((void)row.dot.GetNthParentId(-1), nex_RangeException);
+        std::ostringstream text;
+        text << static_cast<int>(dot.GetMethod()) << " " << dot.GetPoint().X() << " " << dot.GetInstanceId()
+             << " " << dot.GetEntityId() << " " << dot.NmrParents() << " " << dot.GetUserNodeLabel();
+        EXPECT_EQ(text.str(), expected);
+        EXPECT_THROW((void)dot.GetNthParentId(dot.NmrParents()), nex_RangeException);
+        EXPECT_EQ(dot.OwnerFeatID(), 0) << "without a model";
     }
-    EXPECT_EQ(PickedDot().GetNthParentId(0), 31);
-}
-
-TEST(Dot, NodeLabelIsTheEntityOfANode)
-{
-    gsl_Dot dot;
-    dot.SetValues(ORIGIN, gsl_DotMethod::gsl_FROM_NODE, 2, 1234);
-    EXPECT_EQ(dot.GetUserNodeLabel(), 1234);
-}
-
-TEST(Dot, OwnerComesFromTheModel)
-{
-    EXPECT_EQ(PickedDot().OwnerFeatID(), 0);
     const FakeModel model;
+    EXPECT_EQ(PickedDot().GetNthParentId(0), 31);
     EXPECT_EQ(PickedDot().OwnerFeatID(), 231);
     EXPECT_EQ(gsl_Dot(1, 2, 3).OwnerFeatID(), 0);
 }
 
-TEST(Dot, CopyIsIndependent)
-{
-    gsl_Dot dot = PickedDot();
-    const std::unique_ptr<gsl_Dot> copy(dot.Copy());
-    dot.SetValues(ORIGIN, gsl_DotMethod::gsl_FROM_NODE, 0, 0);
-    dot.SetGeometryData(cow_List<double>{});
-    EXPECT_EQ(copy->GetMethod(), gsl_DotMethod::gsl_FROM_EDGE_PARAM);
-    EXPECT_EQ(copy->GetGeometryData(), (cow_List<double>{0.25}));
-}
-
 TEST(HitRecord, TellsWhatWasPicked)
 {
-    gsl_HitRecord record;
-    ASSERT_TRUE(PickedPlane().CreateHitRecord(record));
-    EXPECT_EQ(record.typeId, gsl_Plane::TypeId());
-    EXPECT_EQ(record.method, 1);
-    EXPECT_EQ(record.parentIds, (cow_List<int>{4, 9}));
-    EXPECT_TRUE(Same(record.point, gsl_Point(0, 5, 0)));
-    EXPECT_TRUE(Same(record.direction, X));
-    ASSERT_TRUE(PickedLine().CreateHitRecord(record));
-    EXPECT_EQ(record.typeId, gsl_StLine::TypeId());
-    EXPECT_EQ(record.parentIds, (cow_List<int>{7}));
-    EXPECT_TRUE(Same(record.point, ORIGIN));
-    ASSERT_TRUE(PickedDot().CreateHitRecord(record));
-    EXPECT_EQ(record.typeId, gsl_Dot::TypeId());
-    EXPECT_EQ(record.method, 3);
-    EXPECT_EQ(record.parentIds, (cow_List<int>{2, 31}));
-    EXPECT_TRUE(Same(record.point, gsl_Point(5, 5, 5)));
-    EXPECT_TRUE(Same(record.direction, gsl_Vector(0, 0, 0)));
-}
-
-TEST(HitRecord, IsRefusedForWhatWasNotPicked)
-{
-    gsl_HitRecord record;
-    record.method = 77;
-    gsl_Plane lost = PickedPlane();
-    EXPECT_FALSE(lost.Regenerate());
-    EXPECT_FALSE(lost.CreateHitRecord(record) || gsl_Plane().CreateHitRecord(record) ||
-                 gsl_Plane(ORIGIN, X).CreateHitRecord(record) || gsl_StLine().CreateHitRecord(record) ||
-                 gsl_StLine(ORIGIN, X).CreateHitRecord(record) ||
-                 gsl_StLine(ORIGIN, gsl_Point(1, 0, 0)).CreateHitRecord(record) ||
-                 gsl_Dot().CreateHitRecord(record) || gsl_Dot(ORIGIN).CreateHitRecord(record));
-    EXPECT_EQ(record.method, 77);
-    EXPECT_EQ(record.typeId, 0u);
+    const auto told = [](const auto& picked, int method, const cow_List<int>& ids, const gsl_Point& point,
+                         const gsl_Vector& direction) {
+        gsl_HitRecord record;
+        EXPECT_TRUE(picked.CreateHitRecord(record));
+        return record.typeId == picked.DynTypeId() && record.method == method && record.parentIds == ids &&
+               Same(record.point, point) && Same(record.direction, direction);
+    };
+    EXPECT_TRUE(told(PickedPlane(), 1, {4, 9}, gsl_Point(0, 5, 0), X));
+    EXPECT_TRUE(told(PickedLine(), 1, {7}, ORIGIN, X));
+    EXPECT_TRUE(told(PickedDot(), 3, {2, 31}, gsl_Point(5, 5, 5), gsl_Vector()));
 }
 }

@@ -1,63 +1,24 @@
 // Comparison and rounding by digits. The oracle works on the decimal text of the exact binary value.
 #include <testing/GeometryTesting.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <gsl_utils.h>
 #include <limits>
 #include <nex_PrimException.h>
-#include <string>
 
 namespace
 {
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
-/// The first `digits` significant digits of |v| as a whole number, rounded half up on the exact decimal
-/// expansion.
-long long LeadingDigits(double v, int digits)
-{
-    char text[128];
-    std::snprintf(text, sizeof text, "%.60e", std::abs(v));
-    std::string figures = text[0] + std::string(text + 2, 60);
-    const bool up = figures[static_cast<std::size_t>(digits)] >= '5';
-    return std::stoll(figures.substr(0, static_cast<std::size_t>(digits))) + (up ? 1 : 0);
-}
-
-/// So near to a half of the last digit that the rounding of the scaled value may decide (up to 10 digits).
-bool Doubtful(double v, int digits)
-{
-    char text[128];
-    std::snprintf(text, sizeof text, "%.60e", std::abs(v));
-    const std::string next = std::string(text + 2).substr(static_cast<std::size_t>(digits - 1), 4);
-    return next == "4999" || next == "5000";
-}
-
-int Exponent(double v)
-{
-    char text[128];
-    std::snprintf(text, sizeof text, "%.60e", std::abs(v));
-    return std::atoi(std::string(text).substr(std::string(text).find('e') + 1).c_str());
-}
-
-// 1.0, 10.0, 100.0 and 0.1 have the same digits: the exponent is dropped, on purpose.
+// 1.0, 10.0, 100.0 and 0.1 have the same digits: the exponent is dropped, on purpose. 9.99 has others.
 TEST(RealEqualDig, DropsTheExponent)
 {
     for (int digits = 1; digits < 16; ++digits)
     {
-        EXPECT_TRUE(gsl_RealEqualDig(1.0, 10.0, digits)) << digits;
-        EXPECT_TRUE(gsl_RealEqualDig(1.0, 100.0, digits)) << digits;
-        EXPECT_TRUE(gsl_RealEqualDig(0.1, 1.0, digits)) << digits;
-        EXPECT_FALSE(gsl_RealEqualDig(1.0, -10.0, digits)) << digits;
-        EXPECT_FALSE(gsl_RealEqualDig(1.0, 0.0, digits)) << digits;
-    }
-}
-
-TEST(RealEqualDig, ValuesOnBothSidesOfAPowerOfTenNeverMeet)
-{
-    for (int digits = 1; digits <= 16; ++digits)
-    {
-        EXPECT_FALSE(gsl_RealEqualDig(9.99, 10.0, digits)) << digits;
+        EXPECT_TRUE(gsl_RealEqualDig(1.0, 10.0, digits) && gsl_RealEqualDig(0.1, 100.0, digits)) << digits;
+        EXPECT_FALSE(gsl_RealEqualDig(1.0, -10.0, digits) || gsl_RealEqualDig(1.0, 0.0, digits) ||
+                     gsl_RealEqualDig(9.99, 10.0, digits))
+            << digits;
     }
 }
 
@@ -70,8 +31,7 @@ TEST(RealEqualDig, MatchesTable)
         int digits;
         bool equal;
     };
-    const Row rows[] = {{"exact equality first", 0.0, 0.0, 20, true},
-                        {"zeros of both signs", 0.0, -0.0, 20, true},
+    const Row rows[] = {{"exact equality first", 0.0, -0.0, 20, true},
                         {"16 digits", 1.0, 1.0000001, 16, false},
                         {"7 digits", 1.0, 1.0000001, 7, true},
                         {"8 digits", 1.0, 1.0000001, 8, false},
@@ -85,44 +45,14 @@ TEST(RealEqualDig, MatchesTable)
                         {"scale infinite, differ", 1e-320, 2e-320, 15, false},
                         {"scale infinite, same", 1e-320, 1e-320, 15, true},
                         {"NaN", NOT_A_NUMBER, NOT_A_NUMBER, 3, false},
-                        {"NaN and a number", NOT_A_NUMBER, 1.0, 3, false},
                         {"infinity and itself", INFINITE, INFINITE, 3, true},
                         {"infinity and a number", INFINITE, 1.0, 3, false},
-                        {"infinity and its negative", INFINITE, -INFINITE, 3, false},
                         {"least int of digits", 1.0, 2.0, std::numeric_limits<int>::min(), true}};
     for (const Row& row : rows)
     {
-        SCOPED_TRACE(row.what);
-        EXPECT_EQ(gsl_RealEqualDig(row.a, row.b, row.digits), row.equal);
-        EXPECT_EQ(gsl_RealEqualDig(row.b, row.a, row.digits), row.equal);
+        EXPECT_EQ(gsl_RealEqualDig(row.a, row.b, row.digits), row.equal) << row.what;
+        EXPECT_EQ(gsl_RealEqualDig(row.b, row.a, row.digits), row.equal) << row.what;
     }
-}
-
-TEST(RealEqualDig, AgreesWithTheDecimalText)
-{
-    GeometryDraw draw(2);
-    int equal = 0;
-    int doubtful = 0;
-    constexpr int DRAWS = 20000;
-    for (int i = 0; i < DRAWS; ++i)
-    {
-        const int digits = draw.Whole(1, 10);
-        const double a = draw.Number(1, 10) * std::pow(10.0, draw.Whole(-30, 30));
-        const double b =
-            a * (1 + draw.Number(-1, 1) * std::pow(10.0, -digits)) * std::pow(10.0, draw.Whole(-1, 1));
-        if (Doubtful(a, digits) || Doubtful(b, digits))
-        {
-            ++doubtful;
-            continue;
-        }
-        const bool expected = LeadingDigits(a, digits) == LeadingDigits(b, digits);
-        ASSERT_EQ(gsl_RealEqualDig(a, b, digits), expected) << a << " " << b << " " << digits;
-        ASSERT_EQ(gsl_RealEqualDig(-a, -b, digits), expected) << a << " " << b << " " << digits;
-        equal += expected ? 1 : 0;
-    }
-    EXPECT_LT(doubtful, DRAWS / 500);
-    EXPECT_GT(equal, DRAWS / 10);
-    EXPECT_LT(equal, 9 * DRAWS / 10);
 }
 
 TEST(RoundFloat, MatchesTable)
@@ -134,13 +64,10 @@ TEST(RoundFloat, MatchesTable)
         int digits;
         double rounded;
     };
-    const Row rows[] = {{"plain", 1234.5, 2, 1200.0},
-                        {"half goes away from zero", 1250.0, 2, 1300.0},
-                        {"half goes away from zero, negative", -1250.0, 2, -1300.0},
+    const Row rows[] = {{"half goes away from zero", 1250.0, 2, 1300.0},
                         {"to the next power of ten", 9.99, 2, 10.0},
                         {"a small value, quotient as it is", 0.00012345, 3, 0.00012300000000000001},
                         {"the product rounds down", 1.005, 3, 1.0},
-                        {"zero", 0.0, 3, 0.0},
                         {"16 digits", 1.23456789012345678, 16, 1.23456789012345678},
                         {"no digits", 5.0, 0, 10.0},
                         {"no digits, far above a unit", 123456.0, 0, 0.0},
@@ -149,54 +76,26 @@ TEST(RoundFloat, MatchesTable)
                         {"infinity", INFINITE, 3, INFINITE}};
     for (const Row& row : rows)
     {
-        SCOPED_TRACE(row.what);
-        EXPECT_EQ(gsl_RoundFloat(row.v, row.digits), row.rounded);
+        EXPECT_EQ(gsl_RoundFloat(row.v, row.digits), row.rounded) << row.what;
+        EXPECT_EQ(gsl_RoundFloat(-row.v, row.digits), -row.rounded) << row.what;
     }
     EXPECT_TRUE(std::isnan(gsl_RoundFloat(NOT_A_NUMBER, 3)));
     EXPECT_TRUE(std::signbit(gsl_RoundFloat(-0.0, 3)));
 }
 
-TEST(RoundFloat, AgreesWithTheDecimalText)
-{
-    GeometryDraw draw(3);
-    int changed = 0;
-    int doubtful = 0;
-    for (int i = 0; i < 20000; ++i)
-    {
-        const int digits = draw.Whole(1, 10);
-        const double v = draw.Number(1, 10) * std::pow(10.0, draw.Whole(-30, 30));
-        if (Doubtful(v, digits))
-        {
-            ++doubtful;
-            continue;
-        }
-        const std::string text =
-            std::to_string(LeadingDigits(v, digits)) + "e" + std::to_string(Exponent(v) - digits + 1);
-        const double expected = std::strtod(text.c_str(), nullptr);
-        const double rounded = gsl_RoundFloat(v, digits);
-        ASSERT_NEAR(rounded / expected, 1.0, 4e-15) << v << " " << digits;
-        ASSERT_EQ(gsl_RoundFloat(-v, digits), -rounded) << v << " " << digits;
-        changed += rounded != v ? 1 : 0;
-    }
-    EXPECT_LT(doubtful, 40);
-    EXPECT_GT(changed, 19000);
-}
-
 TEST(Rint, HalvesGoTowardsPlusInfinity)
 {
-    struct Row
-    {
-        double v, whole;
-    };
     // 0.49999999999999994 + 0.5 rounds to 1, and so would floor of the sum.
-    const Row rows[] = {
-        {-2.5, -2.0},  {2.5, 3.0},  {-0.5, 0.0}, {0.5, 1.0},    {0.49999999999999994, 0.0},
-        {-1.75, -2.0}, {1.75, 2.0}, {0.0, 0.0},  {-1.25, -1.0}, {4503599627370497.0, 4503599627370497.0},
-        {-3.5, -3.0}};
-    for (const Row& row : rows)
-    {
-        EXPECT_EQ(gsl_rint(row.v), row.whole) << row.v;
-    }
+    for (const auto& [v, whole] : {std::pair{-2.5, -2.0},
+                                   {2.5, 3.0},
+                                   {-0.5, 0.0},
+                                   {0.5, 1.0},
+                                   {0.49999999999999994, 0.0},
+                                   {-1.75, -2.0},
+                                   {1.75, 2.0},
+                                   {-1.25, -1.0},
+                                   {4503599627370497.0, 4503599627370497.0}})
+        EXPECT_EQ(gsl_rint(v), whole) << v;
 }
 
 TEST(Truncate, RoundsTheFractionAboveTheFloor)
@@ -215,32 +114,21 @@ TEST(Truncate, RoundsTheFractionAboveTheFloor)
                         {"1.005 is a little less", 1.005, 2, 1.0},
                         {"negative half", -0.5, 1, -0.5},
                         {"negative", -1.23456, 2, -1.23},
-                        {"whole", 7.0, 3, 7.0},
                         {"more places than digits", 0.1, 300, 0.1},
                         {"power of ten not finite", 0.1, 400, 0.1}};
     for (const Row& row : rows)
-    {
-        SCOPED_TRACE(row.what);
-        EXPECT_EQ(gsl_Truncate(row.v, row.places), row.result);
-    }
-}
-
-TEST(Truncate, RefusesLessThanOnePlace)
-{
-    for (const int places : {0, -1, std::numeric_limits<int>::min()})
-    {
+        EXPECT_EQ(gsl_Truncate(row.v, row.places), row.result) << row.what;
+    for (const int places : {0, std::numeric_limits<int>::min()})
         try
         {
             (void)gsl_Truncate(1.5, places);
-            FAIL() << "no exception for " << places;
+            ADD_FAILURE() << "must raise";
         }
-        catch (const nex_PrimException& exception)
+        catch (const nex_PrimException& raised)
         {
-            EXPECT_STREQ(exception.what(), "places > 0");
-            EXPECT_NE(std::string(exception.DeveloperReport().AsCharPtr()).find("KTLOxuGsl.m/src/gsl_utils"),
-                      std::string::npos);
+            EXPECT_EQ(raised.UserReport(), "places > 0");
+            EXPECT_EQ(raised.Source(), "KTLOxuGsl.m/src/gsl_utils");
         }
-    }
 }
 
 // Single precision after every step: readings with x rounded first, with a double product or with repeated
@@ -266,22 +154,8 @@ TEST(Power, KeepsTheFloatProduct)
                         {"below float", 10.0, -46, 0.0},
                         {"reciprocal beyond float", 1e-50, -1, INFINITE}};
     for (const Row& row : rows)
-    {
-        SCOPED_TRACE(row.what);
-        EXPECT_EQ(gsl_Power(row.x, row.n), row.result);
-    }
-    EXPECT_NE(gsl_Power(1.1, 10), std::pow(1.1, 10));
-}
-
-TEST(Power, StaysNearTheExactPower)
-{
-    GeometryDraw draw(4);
-    for (int i = 0; i < 5000; ++i)
-    {
-        const double x = draw.Number(0.5, 2.0) * (draw.Coin() ? 1 : -1);
-        const int n = draw.Whole(-30, 30);
-        const double exact = std::pow(x, n);
-        ASSERT_NEAR(gsl_Power(x, n) / exact, 1.0, (std::abs(n) + 1) * 0x1p-24) << x << " " << n;
-    }
+        EXPECT_EQ(gsl_Power(row.x, row.n), row.result) << row.what;
+    for (int n = -30; n <= 30; ++n)
+        EXPECT_NEAR(gsl_Power(-1.37, n) / std::pow(-1.37, n), 1.0, (std::abs(n) + 1) * 0x1p-24) << n;
 }
 }

@@ -3,7 +3,6 @@
 #include <testing/SetSearch.h>
 
 #include <gsl_SweptBox.h>
-#include <testing/ToleranceGuard.h>
 
 namespace
 {
@@ -186,17 +185,4 @@ TEST_F(BoxCheck, MovesTheFixedBox)
     EXPECT_FALSE(Check(UNIT, UNIT, 5));
 }
 
-TEST(BoxCheckTolerance, IsReadWhenTheObjectIsMade)
-{
-    const ToleranceGuard guard;
-    const SetSearch before(1, NONE, NONE);
-    gsl_Util::Instance().SetLinearTolerance(0.5);
-    const SetSearch after(1, NONE, NONE);
-    const gsl_TriOctreeNode fixed(Box(1.5, 0, 3, 2, 1, 4), 1, -1, nullptr);
-    const gsl_TriOctreeNode movable(UNIT, 1, -1, nullptr);
-    EXPECT_EQ(before.Tolerance(), 1e-6);
-    EXPECT_EQ(after.Tolerance(), 0.5);
-    EXPECT_FALSE(before.CheckBBoxes(fixed, movable, UNLIMITED));
-    EXPECT_TRUE(after.CheckBBoxes(fixed, movable, UNLIMITED));
-}
 }

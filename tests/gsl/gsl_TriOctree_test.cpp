@@ -4,7 +4,6 @@
 #include <testing/GeometryTesting.h>
 #include <testing/SetSearch.h>
 
-#include <cow_CountedHld.h>
 #include <cstdlib>
 #include <gsl_ModOctreeNode.h>
 #include <nex_RangeException.h>
@@ -131,52 +130,6 @@ TEST(TriOctree, RootHasTheWholeBox)
     }
 }
 
-struct SlotRow
-{
-    const char* what;
-    gsl_TriOctree::OctreeNodeType type;
-    Point low, high; // of the triangle, in the box from 0 to 8
-    int slot;        // -1: stays at the root
-};
-
-class TriOctreeSlot : public testing::TestWithParam<SlotRow>
-{};
-
-TEST_P(TriOctreeSlot, TakesTheTriangle)
-{
-    const SlotRow& row = GetParam();
-    gsl_TriOctree tree(EIGHT, "", row.type, 2);
-    ASSERT_TRUE(Put(tree, Filling(row.low, row.high), 7));
-    EXPECT_EQ(PathTo(tree, 7), row.slot < 0 ? Path() : Path{row.slot});
-    EXPECT_EQ(tree.Root()->Triangles().Length(), row.slot < 0 ? 1 : 0);
-    EXPECT_EQ(tree.Root()->TriangleCount(), 1);
-    for (int slot = -1; slot <= tree.GetChildCount(); ++slot)
-        EXPECT_EQ(tree.Root()->IsEmpty(slot), slot != row.slot || slot < 0) << slot;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, TriOctreeSlot,
-    testing::Values(SlotRow{"lower corner", OCT, {0, 0, 0}, {1, 1, 1}, 0},
-                    SlotRow{"x above", OCT, {5, 0, 0}, {6, 1, 1}, 1},
-                    SlotRow{"y above", OCT, {0, 5, 0}, {1, 6, 1}, 2},
-                    SlotRow{"x and y above", OCT, {5, 5, 0}, {6, 6, 1}, 3},
-                    SlotRow{"z above", OCT, {0, 0, 5}, {1, 1, 6}, 4},
-                    SlotRow{"upper corner, on the bounds", OCT, {4, 4, 4}, {8, 8, 8}, 7},
-                    SlotRow{"on the split plane: the first child", OCT, {4, 1, 1}, {4, 2, 2}, 0},
-                    SlotRow{"on two split planes", OCT, {4, 4, 5}, {4, 4, 6}, 4},
-                    SlotRow{"at the centre", OCT, {4, 4, 4}, {4, 4, 4}, 0},
-                    SlotRow{"touches the plane from above", OCT, {4, 0, 0}, {5, 1, 1}, 1},
-                    SlotRow{"straddles", OCT, {3, 0, 0}, {5, 1, 1}, -1},
-                    SlotRow{"mod: an octant first", MOD, {0, 0, 0}, {4, 4, 4}, 0},
-                    SlotRow{"mod: low x", MOD, {0, 3, 3}, {4, 5, 5}, 8},
-                    SlotRow{"mod: high x", MOD, {4, 3, 3}, {5, 5, 5}, 9},
-                    SlotRow{"mod: low y", MOD, {3, 0, 3}, {5, 4, 5}, 10},
-                    SlotRow{"mod: high y", MOD, {3, 4, 3}, {5, 5, 5}, 11},
-                    SlotRow{"mod: low z", MOD, {3, 3, 0}, {5, 5, 4}, 12},
-                    SlotRow{"mod: high z", MOD, {3, 3, 4}, {5, 5, 5}, 13},
-                    SlotRow{"mod: crosses x alone: y before z", MOD, {3, 0, 0}, {5, 1, 1}, 10},
-                    SlotRow{"mod: straddles all three", MOD, {3, 3, 3}, {5, 5, 5}, -1}));
-
 TEST(TriOctree, PlacesLikeTheRuleOnAllLevels)
 {
     GeometryDraw draw(621);
@@ -205,17 +158,11 @@ TEST(TriOctree, PlacesLikeTheRuleOnAllLevels)
                           PathByRule(set[static_cast<std::size_t>(i)], {0, 0, 0}, {8, 8, 8}, slots, depth))
                     << "triangle " << i << ", depth " << depth << ", slots " << slots;
             EXPECT_EQ(tree.Root()->TriangleCount(), 300);
+            EXPECT_TRUE(tree.Root()->IsEmpty(-1) && tree.Root()->IsEmpty(slots));
+            EXPECT_EQ(tree.Root()->IsEmpty(0), depth == 1);
+            EXPECT_EQ(tree.Root()->IsDivided(), depth > 1);
         }
     }
-}
-
-TEST(TriOctree, DepthOneKeepsAllAtTheRoot)
-{
-    gsl_TriOctree tree(EIGHT, "", OCT, 1);
-    for (int i = 0; i < 4; ++i)
-        ASSERT_TRUE(Put(tree, Filling({0, 0, 0}, {1, 1, 1}), i));
-    EXPECT_FALSE(tree.Root()->IsDivided());
-    EXPECT_EQ(tree.Root()->Triangles(), (cow_List<int>{0, 1, 2, 3}));
 }
 
 TEST(TriOctree, CornerOutsideIsRefused)
@@ -388,11 +335,4 @@ TEST(TriOctree, PrintIsTheSameInEveryLocale)
     EXPECT_EQ(Printed(tree), expected);
 }
 
-TEST(TriOctree, IsHeldByACountedHolder)
-{
-    const cow_CountedHld<gsl_TriOctree> held(new gsl_TriOctree(EIGHT, "", OCT, 2));
-    const cow_CountedHld<gsl_TriOctree> second = held;
-    ASSERT_TRUE(Put(*held, Filling({0, 0, 0}, {1, 1, 1}), 0));
-    EXPECT_EQ(second->Root()->TriangleCount(), 1);
-}
 }

@@ -136,21 +136,6 @@ TEST(TriTriDirDist, ContactRecreatesTheDistance)
     EXPECT_GT(crossing, 100);
 }
 
-TEST(TriTriDirDist, PlaceOfACrossingLiesOnBoth)
-{
-    const Set plate = {{{{-5, -5, 0}, {5, -5, 0}, {0, 5, 0}}}};
-    const Set spike = {{{{0, 0, -1}, {0.5, 0, 3}, {0, 0.5, 3}}}};
-    SetSearch search(1, plate, spike);
-    const Answer answer = Ask(search, Tree(plate, OCT, 1), Tree(spike, OCT, 1), UNLIMITED);
-    EXPECT_EQ(answer, (Answer{true, 0, 0, 0}));
-    gsl_Point onFixed;
-    gsl_Point onMovable;
-    ASSERT_TRUE(search.LastContact(onFixed, onMovable));
-    EXPECT_TRUE(Near(onFixed, onMovable, 1e-12));
-    EXPECT_NEAR(onFixed.Z(), 0, 1e-12);
-    EXPECT_TRUE(OnTriangle(onMovable, spike[0], 1e-12));
-}
-
 /// Counts its look-ups, and does to a look-up what it is told.
 class WatchedSearch : public SetSearch
 {

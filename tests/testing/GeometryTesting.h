@@ -1,11 +1,33 @@
 #pragma once
 
+#include <cmath>
 #include <gsl_Point.h>
 #include <gsl_Vector.h>
 #include <gtest/gtest.h>
 #include <iomanip>
 #include <ostream>
 #include <random>
+
+namespace geometry
+{
+inline const gsl_Point ORIGIN(0, 0, 0);
+/// What results are set to before a call that must leave them.
+inline const gsl_Point UNTOUCHED(77, 78, 79);
+inline const gsl_Vector X(1, 0, 0);
+inline const gsl_Vector Y(0, 1, 0);
+inline const gsl_Vector Z(0, 0, 1);
+
+inline gsl_Point OnAxis(int axis, double value, double others = 0)
+{
+    return {axis == 0 ? value : others, axis == 1 ? value : others, axis == 2 ? value : others};
+}
+
+/// Right-handed and orthonormal, by the test's own arithmetic.
+struct Frame
+{
+    gsl_Vector n, u, v;
+};
+}
 
 /// Random geometry with a fixed seed, and comparisons that show both values and their distance.
 class GeometryDraw
@@ -28,42 +50,37 @@ public:
     {
         for (;;)
         {
-            const double x = Number(-1, 1);
-            const double y = Number(-1, 1);
-            const double z = Number(-1, 1);
-            const double length = std::sqrt(x * x + y * y + z * z);
+            const gsl_Point p = Point(1);
+            const double length = std::sqrt(p.X() * p.X() + p.Y() * p.Y() + p.Z() * p.Z());
             if (length > 0.1 && length <= 1.0)
-            {
-                return {x / length, y / length, z / length};
-            }
+                return {p.X() / length, p.Y() / length, p.Z() / length};
         }
+    }
+    geometry::Frame Frame()
+    {
+        const gsl_Vector n = Unit();
+        const double c[3] = {n.X(), n.Y(), n.Z()};
+        const int k = std::abs(c[0]) < 0.6 ? 0 : 1; // the axis k is not along n
+        const double s = std::sqrt(1 - c[k] * c[k]);
+        const gsl_Vector u((k == 0) / s - c[k] * c[0] / s, (k == 1) / s - c[k] * c[1] / s, -c[k] * c[2] / s);
+        return {n, u,
+                gsl_Vector(n.Y() * u.Z() - n.Z() * u.Y(), n.Z() * u.X() - n.X() * u.Z(),
+                           n.X() * u.Y() - n.Y() * u.X())};
     }
 
 private:
     std::mt19937_64 engine_;
 };
 
-inline testing::AssertionResult NearComponents(const double a[3], const double b[3], double tolerance)
-{
-    const double dx = a[0] - b[0];
-    const double dy = a[1] - b[1];
-    const double dz = a[2] - b[2];
-    const double apart = std::sqrt(dx * dx + dy * dy + dz * dz);
-    if (apart <= tolerance)
-    {
-        return testing::AssertionSuccess();
-    }
-    testing::AssertionResult failure = testing::AssertionFailure();
-    return failure << std::setprecision(17) << "(" << a[0] << ", " << a[1] << ", " << a[2] << ") and ("
-                   << b[0] << ", " << b[1] << ", " << b[2] << ") are " << apart << " apart, allowed "
-                   << tolerance;
-}
-
 inline testing::AssertionResult Near(const gsl_Vector& a, const gsl_Vector& b, double tolerance)
 {
-    const double left[3] = {a.X(), a.Y(), a.Z()};
-    const double right[3] = {b.X(), b.Y(), b.Z()};
-    return NearComponents(left, right, tolerance);
+    const double apart = std::hypot(a.X() - b.X(), a.Y() - b.Y(), a.Z() - b.Z());
+    if (apart <= tolerance)
+        return testing::AssertionSuccess();
+    testing::AssertionResult failure = testing::AssertionFailure();
+    return failure << std::setprecision(17) << "(" << a.X() << ", " << a.Y() << ", " << a.Z() << ") and ("
+                   << b.X() << ", " << b.Y() << ", " << b.Z() << ") are " << apart << " apart, allowed "
+                   << tolerance;
 }
 
 inline testing::AssertionResult Near(const gsl_Point& a, const gsl_Point& b, double tolerance)
@@ -79,14 +96,4 @@ inline testing::AssertionResult Same(const gsl_Vector& a, const gsl_Vector& b)
 inline testing::AssertionResult Same(const gsl_Point& a, const gsl_Point& b)
 {
     return Near(a, b, 0.0);
-}
-
-inline void PrintTo(const gsl_Point& p, std::ostream* out)
-{
-    *out << "(" << p.X() << ", " << p.Y() << ", " << p.Z() << ")";
-}
-
-inline void PrintTo(const gsl_Vector& v, std::ostream* out)
-{
-    *out << "(" << v.X() << ", " << v.Y() << ", " << v.Z() << ")";
 }

@@ -42,14 +42,17 @@ inline Set GridSoup(GeometryDraw& draw, int count, int extent)
     return set;
 }
 
+/// Down to the sine below which triangles are left out; the third corner anywhere along the long side.
 inline Set Needles(GeometryDraw& draw, int count)
 {
     Set set;
     for (int i = 0; i < count; ++i)
     {
         Triangle t = DrawTriangle(draw, 2, 2);
+        const double width = std::pow(10.0, draw.Number(-9, -3));
+        const double at = draw.Coin() ? 1 : draw.Number(0, 1);
         for (std::size_t k = 0; k < 3; ++k)
-            t[2][k] = t[1][k] + draw.Number(-1e-5, 1e-5);
+            t[2][k] = t[0][k] * (1 - at) + t[1][k] * at + width * draw.Number(-1, 1);
         set.push_back(t);
     }
     return set;
@@ -101,6 +104,7 @@ struct SetFamily
 {
     const char* name;
     SetPair (*draw)(GeometryDraw&);
+    double grazing = 0.01; // the share of cases that the last bit of a coordinate may decide
 };
 
 inline Point Times(const gsl_Vector& v, double factor)
@@ -175,5 +179,40 @@ inline const SetFamily SET_FAMILIES[] = {
          pair.movable = Moved(pair.movable, {0, 0, -5});
          return pair;
      }},
+    {"SinglePair",
+     [](GeometryDraw& d) {
+         return SetPair{Soup(d, 1, 0.7, 1), Soup(d, 1, 0.7, 1), d.Unit()};
+     }},
+    {"GridDiagonal",
+     [](GeometryDraw& d) {
+         gsl_Vector u(1, 0, 0);
+         do
+             u = gsl_Vector(d.Whole(-2, 2), d.Whole(-2, 2), d.Whole(-2, 2));
+         while (u.Magnitude() == 0);
+         return SetPair{GridSoup(d, 8, 3), Moved(GridSoup(d, 8, 3), Times(u, -4)), u};
+     },
+     0.5},
+    {"PlusSign",
+     [](GeometryDraw& d) {
+         return SetPair{Moved(Plate(0, 2, 0, 1, 0), {0, 0, d.Number(-2, 4)}),
+                        Plate(std::acos(0.0), 2, 0, 1, 0),
+                        {0, 0, 1}};
+     },
+     0.5},
+    {"TiltedWalls",
+     [](GeometryDraw& d) {
+         const double angle = d.Number(0, 3.1);
+         const double other = d.Coin() ? d.Number(0, 3.1) : angle + d.Number(-1e-7, 1e-7);
+         const auto tilt = [&] { return std::pow(10.0, d.Number(-9, -5)) * (d.Coin() ? 1 : -1); };
+         const Set wall = Moved(Plate(angle, 200, 0, 100, tilt()), {0, 0, d.Number(150, 400)});
+         return SetPair{wall, Plate(other, 200, 0, 100, tilt()), {0, 0, 1}};
+     },
+     0.5},
+    {"WallUnderSlope",
+     [](GeometryDraw& d) {
+         const Set wall = Plate(d.Number(0, 3.1), 100, 0, 50, std::pow(10.0, d.Number(-9, -5)));
+         return SetPair{Soup(d, 4, 100, 150), Moved(wall, {0, 0, -600}), {0, 0, 1}};
+     },
+     0.02},
 };
 }

@@ -5,6 +5,7 @@
 namespace
 {
 constexpr std::size_t LEAF_BOXES = 8;
+constexpr std::size_t ASK_EVERY = 65536; // comparisons
 
 std::size_t LongestAxis(const bat_BoxTree::Box& box)
 {
@@ -39,7 +40,10 @@ void bat_BoxTree::Build(std::size_t begin, std::size_t end, const std::function<
     const auto middle = [this, axis](std::size_t i) {
         return 0.5 * boxes_[i].low[axis] + 0.5 * boxes_[i].high[axis];
     };
-    const auto before = [middle](std::size_t i, std::size_t j) {
+    std::size_t compared = 0;
+    const auto before = [&](std::size_t i, std::size_t j) {
+        if (++compared % ASK_EVERY == 0)
+            proceed();
         return std::pair(middle(i), i) < std::pair(middle(j), j); // the index makes it a total order
     };
     const std::size_t half = begin + (end - begin) / 2;

@@ -5,15 +5,11 @@
 #include <bat_TriTriCrossing.h>
 #include <bat_TriTriTravel.h>
 #include <limits>
-#include <wip_WIP.h>
 
 namespace
 {
 // Rounding of a handful of sums and products of coordinates.
 constexpr double ROUNDING = 64.0 * std::numeric_limits<double>::epsilon();
-
-// A normal, and what is computed from it, loses as many digits as its triangle is longer than wide.
-constexpr double BLUR = 4.0 * std::numeric_limits<double>::epsilon();
 
 // Two ways of computing one travel agree to this part of the largest number in play.
 constexpr double RELATIVE_SLACK = 1e-9;
@@ -62,10 +58,6 @@ std::vector<bat_BruteForce::Shadow> bat_BruteForce::Shadows(const bat_Part& part
         const bat_Corners p = part.Corners(i);
         Shadow& shadow = shadows.emplace_back();
         shadow.triangle = i;
-        const gsl_Vector first(p[3] - p[0], p[4] - p[1], p[5] - p[2]);
-        const gsl_Vector second(p[6] - p[3], p[7] - p[4], p[8] - p[5]);
-        const double sine = first.CrossProduct(second).Magnitude() / (first.Magnitude() * second.Magnitude());
-        shadow.blur = BLUR * part.Reach() / sine;
         for (std::size_t c = 0; c < 3; ++c)
         {
             const gsl_Vector at(p[3 * c], p[3 * c + 1], p[3 * c + 2]);
@@ -91,12 +83,13 @@ std::size_t bat_BruteForce::FirstCandidate(const Shadow& movable) const
     return static_cast<std::size_t>(first - fixedShadows_.begin());
 }
 
-std::optional<bat_BruteForce::Bracket> bat_BruteForce::Find(unsigned long long computedLimit) const
+std::optional<bat_BruteForce::Bracket> bat_BruteForce::Find(unsigned long long computedLimit,
+                                                            bat_Watcher& watcher) const
 {
     constexpr unsigned long long POLL_EVERY = 1024;
     unsigned long long computed = 0;
     Bracket bracket{bound_, bound_, false, 0.0};
-    bat_Task task(movableShadows_.size(), 1);
+    bat_Task task(watcher, movableShadows_.size(), 1);
     for (const Shadow& m : movableShadows_)
     {
         for (std::size_t at = FirstCandidate(m); at < fixedShadows_.size(); ++at)
@@ -112,7 +105,7 @@ std::optional<bat_BruteForce::Bracket> bat_BruteForce::Find(unsigned long long c
             if (++computed > computedLimit)
                 return std::nullopt;
             if (computed % POLL_EVERY == 0)
-                wip_WIP::Instance().InterruptedThrow();
+                task.Ask();
             const bat_Corners moving = movable_.Corners(m.triangle);
             const bat_Corners standing = fixed_.Corners(f.triangle);
             const bat_TriTriTravel travel(moving, standing, direction_);
@@ -125,8 +118,7 @@ std::optional<bat_BruteForce::Bracket> bat_BruteForce::Find(unsigned long long c
                 // A pair that stands in each other's way counts as crossing once it would take more than the
                 // tolerance to get through; below that its last contact may be taken for the first.
                 const double start = shrunk->last > margin_ ? 0.0 : margin_;
-                const double surely = (shrunk->first >= 0.0 ? shrunk->first : start) + m.blur + f.blur;
-                bracket.high = std::min(bracket.high, surely);
+                bracket.high = std::min(bracket.high, shrunk->first >= 0.0 ? shrunk->first : start);
             }
             if (grown->first <= 0.0 && !bracket.crossing)
                 bracket.crossing = bat_TriTriCrossing(moving, standing).IsBeyond(tolerance_);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bat_Watcher.h>
 #include <gsl_Vector.h>
 #include <optional>
 #include <vector>
@@ -33,7 +34,8 @@ public:
         bool Holds(double travel) const { return travel >= low - slack && travel <= high + slack; }
     };
     /// Interruptible. Nothing when the limit was reached.
-    std::optional<Bracket> Find(unsigned long long computedLimit = COMPUTED_LIMIT) const;
+    std::optional<Bracket> Find(unsigned long long computedLimit = COMPUTED_LIMIT,
+                                bat_Watcher& watcher = bat_Watcher::Nobody()) const;
 
 private:
     /// A triangle seen along the direction: its stretch across, in two coordinates, and along it.
@@ -41,7 +43,6 @@ private:
     {
         double low[2], high[2];
         double back, front;
-        double blur; ///< how far off a travel may be that is computed from the triangle's normal
         int triangle;
     };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <span>
+#include <array>
 
-/// The corners of a triangle, x, y, z of each, as bat_TriangleMesh stores them.
-using bat_Corners = std::span<const double, 9>;
+/// The corners of a triangle, x, y, z of each.
+using bat_Corners = std::array<double, 9>;

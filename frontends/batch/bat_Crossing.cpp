@@ -5,11 +5,10 @@
 #include <bat_Task.h>
 #include <bat_TriTriCrossing.h>
 #include <vector>
-#include <wip_WIP.h>
 
 namespace
 {
-bat_BoxTree::Box BoxOf(bat_Corners corners)
+bat_BoxTree::Box BoxOf(const bat_Corners& corners)
 {
     bat_BoxTree::Box box;
     for (std::size_t k = 0; k < 3; ++k)
@@ -28,13 +27,15 @@ bat_BoxTree::Box BoxOf(const bat_Part& part)
 }
 
 std::optional<bat_Crossing> bat_Crossing::Find(const bat_Part& fixed, const bat_Part& movable,
-                                               double tolerance)
+                                               double tolerance, bat_Watcher& watcher)
 {
     // Only fixed triangles that reach into the other part's box go into the tree.
     const bat_BoxTree::Box there = BoxOf(movable);
     std::vector<int> fixedIndex;
     std::vector<bat_BoxTree::Box> boxes;
-    bat_Task task(static_cast<std::size_t>(fixed.Count()) + static_cast<std::size_t>(movable.Count()), 64);
+    const std::size_t count =
+        static_cast<std::size_t>(fixed.Count()) + static_cast<std::size_t>(movable.Count());
+    bat_Task task(watcher, count, 64);
     for (int f = 0; f < fixed.Count(); ++f, task.Step())
     {
         const bat_BoxTree::Box box = BoxOf(fixed.Corners(f));
@@ -44,7 +45,7 @@ std::optional<bat_Crossing> bat_Crossing::Find(const bat_Part& fixed, const bat_
             boxes.push_back(box);
         }
     }
-    const bat_BoxTree tree(std::move(boxes), [] { wip_WIP::Instance().InterruptedThrow(); });
+    const bat_BoxTree tree(std::move(boxes), [&task] { task.Ask(); });
     for (int m = 0; m < movable.Count(); ++m, task.Step())
     {
         if (!movable.HasNormal(m))

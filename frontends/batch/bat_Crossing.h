@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bat_Watcher.h>
 #include <optional>
 
 class bat_Part;
@@ -15,5 +16,6 @@ struct bat_Crossing
     /// Looks through all pairs whose boxes overlap for one that crosses beyond the tolerance: that of the
     /// lowest movable triangle, with the lowest fixed one. Degenerate triangles are passed over.
     /// Interruptible.
-    static std::optional<bat_Crossing> Find(const bat_Part& fixed, const bat_Part& movable, double tolerance);
+    static std::optional<bat_Crossing> Find(const bat_Part& fixed, const bat_Part& movable, double tolerance,
+                                            bat_Watcher& watcher = bat_Watcher::Nobody());
 };

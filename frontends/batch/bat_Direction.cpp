@@ -14,7 +14,7 @@ constexpr std::string_view AXES = "xyz";
     throw bat_UsageError("--dir " + text + ": " + reason);
 }
 
-bool ParseAxis(const std::string& text, double (&xyz)[3])
+bool ParseAxis(const std::string& text, std::array<double, 3>& xyz)
 {
     if (text.size() != 2 || (text[0] != '+' && text[0] != '-'))
         return false;
@@ -25,9 +25,9 @@ bool ParseAxis(const std::string& text, double (&xyz)[3])
     return true;
 }
 
-bool ParseComponents(std::string_view text, double (&xyz)[3])
+bool ParseComponents(std::string_view text, std::array<double, 3>& xyz)
 {
-    for (int i = 0; i < 3; ++i)
+    for (std::size_t i = 0; i < 3; ++i)
     {
         const std::size_t comma = text.find(',');
         if ((comma == std::string_view::npos) != (i == 2))
@@ -42,15 +42,32 @@ bool ParseComponents(std::string_view text, double (&xyz)[3])
 
 bat_Direction::bat_Direction(const std::string& text)
 {
-    double xyz[3] = {0.0, 0.0, 0.0};
-    if (!ParseAxis(text, xyz) && !ParseComponents(text, xyz))
+    const std::optional<std::array<double, 3>> xyz = Parse(text);
+    if (!xyz)
         Refuse(text, "write three numbers, X,Y,Z, or an axis: +x -x +y -y +z -z");
-    const double largest = std::max({std::abs(xyz[0]), std::abs(xyz[1]), std::abs(xyz[2])});
-    if (largest == 0.0)
+    const std::optional<gsl_Vector> unit = Unit(*xyz);
+    if (!unit)
         Refuse(text, "a direction needs a length above zero");
+    unit_ = *unit;
+}
+
+std::optional<std::array<double, 3>> bat_Direction::Parse(const std::string& text)
+{
+    std::array<double, 3> xyz{};
+    if (!ParseAxis(text, xyz) && !ParseComponents(text, xyz))
+        return std::nullopt;
+    return xyz;
+}
+
+std::optional<gsl_Vector> bat_Direction::Unit(const std::array<double, 3>& xyz)
+{
+    const double largest = std::max({std::abs(xyz[0]), std::abs(xyz[1]), std::abs(xyz[2])});
+    const bool finite = std::isfinite(xyz[0]) && std::isfinite(xyz[1]) && std::isfinite(xyz[2]);
+    if (!finite || largest == 0.0)
+        return std::nullopt;
     const double x = xyz[0] / largest;
     const double y = xyz[1] / largest;
     const double z = xyz[2] / largest;
     const double length = std::sqrt(x * x + y * y + z * z); // 1 to sqrt 3
-    unit_ = gsl_Vector(x / length, y / length, z / length);
+    return gsl_Vector(x / length, y / length, z / length);
 }

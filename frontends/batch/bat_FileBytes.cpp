@@ -1,11 +1,13 @@
 #include <bat_FileBytes.h>
 
+#include <bat_Interrupted.h>
 #include <bat_MeshError.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <new>
+#include <poll.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -13,12 +15,15 @@
 namespace
 {
 constexpr std::size_t PIPE_CAPACITY = std::size_t(1) << 16;
-// The system reads at most this much at once; it takes less where a limit of its own is lower.
-constexpr std::size_t LARGEST_READ = std::size_t(1) << 30;
+// Little enough to be read in a few milliseconds.
+constexpr std::size_t LARGEST_READ = std::size_t(1) << 22;
+constexpr int WAIT_MILLISECONDS = 10;
 
-std::string ReasonOf(const char* what, int error)
+[[noreturn]] void RefuseAsSystem(const std::string& path, const char* what)
 {
-    return std::string(what) + ": " + std::generic_category().message(error);
+    const int number = errno;
+    throw bat_MeshError::OfSystem(path, number,
+                                  std::string(what) + ": " + std::generic_category().message(number));
 }
 
 /// Closes the descriptor when the scope is left.
@@ -27,6 +32,24 @@ struct Descriptor
     int number;
     ~Descriptor() { ::close(number); }
 };
+
+void Ask(bat_Watcher& watcher)
+{
+    if (!watcher.Proceed(0.0))
+    {
+        throw bat_Interrupted();
+    }
+}
+
+/// Until there is something to read from a pipe, or the other end was closed.
+void Await(int pipe, bat_Watcher& watcher)
+{
+    pollfd waiting = {pipe, POLLIN, 0};
+    while (::poll(&waiting, 1, WAIT_MILLISECONDS) <= 0)
+    {
+        Ask(watcher);
+    }
+}
 }
 
 void bat_FileBytes::Grow(std::size_t capacity)
@@ -40,22 +63,23 @@ void bat_FileBytes::Grow(std::size_t capacity)
     bytes_.reset(grown);
 }
 
-bat_FileBytes::bat_FileBytes(const std::string& path)
+bat_FileBytes::bat_FileBytes(const std::string& path, bat_Watcher& watcher)
 {
-    const int opened = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    // Does not wait for somebody to write to a pipe: the watcher could not be asked meanwhile.
+    const int opened = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (opened < 0)
     {
-        throw bat_MeshError(path, ReasonOf("cannot be opened", errno));
+        RefuseAsSystem(path, "cannot be opened");
     }
     const Descriptor descriptor{opened};
     struct stat status = {};
     if (::fstat(opened, &status) != 0)
     {
-        throw bat_MeshError(path, ReasonOf("cannot be examined", errno));
+        RefuseAsSystem(path, "cannot be examined");
     }
     if (S_ISDIR(status.st_mode))
     {
-        throw bat_MeshError(path, "is a directory");
+        throw bat_MeshError::OfSystem(path, EISDIR, "is a directory");
     }
     if (!S_ISREG(status.st_mode) && !S_ISFIFO(status.st_mode))
     {
@@ -64,17 +88,23 @@ bat_FileBytes::bat_FileBytes(const std::string& path)
     // One byte more than the file has, so that the read that meets the end needs no more room.
     std::size_t capacity = std::max(static_cast<std::size_t>(status.st_size) + 1, PIPE_CAPACITY);
     Grow(capacity);
+    const bool pipe = S_ISFIFO(status.st_mode);
     for (;;)
     {
+        Ask(watcher);
+        if (pipe)
+        {
+            Await(opened, watcher);
+        }
         const ssize_t got =
             ::read(opened, bytes_.get() + length_, std::min(capacity - length_, LARGEST_READ));
         if (got == 0)
         {
             return;
         }
-        if (got < 0 && errno != EINTR)
+        if (got < 0 && errno != EINTR && errno != EAGAIN)
         {
-            throw bat_MeshError(path, ReasonOf("cannot be read", errno));
+            RefuseAsSystem(path, "cannot be read");
         }
         if (got > 0)
         {

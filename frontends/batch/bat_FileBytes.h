@@ -1,5 +1,7 @@
 #pragma once
 
+#include <bat_Watcher.h>
+
 #include <cstddef>
 #include <cstdlib>
 #include <memory>
@@ -12,7 +14,9 @@
 class bat_FileBytes
 {
 public:
-    explicit bat_FileBytes(const std::string& path);
+    /// The watcher is asked between blocks, and while the other end of a pipe keeps it waiting;
+    /// bat_Interrupted when it wants no more.
+    explicit bat_FileBytes(const std::string& path, bat_Watcher& watcher = bat_Watcher::Nobody());
 
     std::string_view View() const { return {bytes_.get(), length_}; }
 

@@ -2,7 +2,8 @@
 
 #include <exception>
 
-/// The user asked to stop: unwinds to the driver, which ends with bat_ExitCode::INTERRUPTED.
+/// Whoever watches the job wants it stopped: unwinds to who began it, in the driver to the end with
+/// bat_ExitCode::INTERRUPTED.
 class bat_Interrupted : public std::exception
 {
 public:

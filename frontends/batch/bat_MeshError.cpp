@@ -21,3 +21,10 @@ bat_MeshError bat_MeshError::AtByte(const std::string& file, std::uint64_t byte,
     error.byte_ = byte;
     return error;
 }
+
+bat_MeshError bat_MeshError::OfSystem(const std::string& file, int number, const std::string& reason)
+{
+    bat_MeshError error(file, reason);
+    error.systemNumber_ = number;
+    return error;
+}

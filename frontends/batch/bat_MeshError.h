@@ -18,12 +18,16 @@ public:
     static bat_MeshError AtLine(const std::string& file, std::uint64_t line, const std::string& reason);
     /// byte counts from 0, as file offsets do.
     static bat_MeshError AtByte(const std::string& file, std::uint64_t byte, const std::string& reason);
+    /// The system refused the file, with that number of errno.
+    static bat_MeshError OfSystem(const std::string& file, int number, const std::string& reason);
 
     const char* what() const noexcept override { return sentence_.c_str(); }
     const std::string& File() const { return file_; }
     const std::string& Reason() const { return reason_; }
     std::optional<std::uint64_t> Line() const { return line_; }
     std::optional<std::uint64_t> Byte() const { return byte_; }
+    /// Why the file could not even be read, as errno says it.
+    std::optional<int> SystemNumber() const { return systemNumber_; }
 
 private:
     bat_MeshError(const std::string& file, const std::string& place, const std::string& reason);
@@ -33,4 +37,5 @@ private:
     std::string sentence_;
     std::optional<std::uint64_t> line_;
     std::optional<std::uint64_t> byte_;
+    std::optional<int> systemNumber_;
 };

@@ -7,6 +7,7 @@
 #include <bat_StlAsciiReader.h>
 #include <bat_StlBinaryReader.h>
 
+#include <cerrno>
 #include <new>
 #include <stdexcept>
 
@@ -17,6 +18,8 @@ using namespace std::string_view_literals;
 constexpr std::string_view BYTE_ORDER_MARK = "\xef\xbb\xbf"sv;
 // How far into a file to look for what text does not hold.
 constexpr std::size_t PROBE = 512;
+// Words or facets between two questions whether to go on.
+constexpr std::size_t POLL_EVERY = 1024;
 
 struct Foreign
 {
@@ -42,20 +45,22 @@ std::string_view WithoutMark(std::string_view bytes)
     return bytes.substr(bytes.starts_with(BYTE_ORDER_MARK) ? BYTE_ORDER_MARK.size() : 0);
 }
 
-bat_TriangleMesh Parse(bat_MeshFormat format, std::string_view bytes, const std::string& file)
+bat_TriangleMesh Parse(bat_MeshFormat format, std::string_view bytes, const std::string& file,
+                       bat_Watcher& watcher)
 {
+    bat_Task task(watcher, 0, POLL_EVERY);
     switch (format)
     {
     case bat_MeshFormat::STL_BINARY:
-        return bat_StlBinaryReader(bytes, file).Read();
+        return bat_StlBinaryReader(bytes, file).Read(task);
     case bat_MeshFormat::STL_ASCII:
-        return bat_StlAsciiReader(WithoutMark(bytes), file).Read();
+        return bat_StlAsciiReader(WithoutMark(bytes), file, task).Read();
     case bat_MeshFormat::OBJ:
-        return bat_ObjReader(WithoutMark(bytes), file).Read();
+        return bat_ObjReader(WithoutMark(bytes), file, task).Read();
     case bat_MeshFormat::OFF:
         break;
     }
-    return bat_OffReader(WithoutMark(bytes), file).Read();
+    return bat_OffReader(WithoutMark(bytes), file, task).Read();
 }
 }
 
@@ -102,32 +107,32 @@ bat_MeshFormat bat_TellMeshFormat(std::string_view bytes, const std::string& fil
                                                  " and is none of STL, OBJ and OFF");
 }
 
-bat_TriangleMesh bat_ParseMesh(std::string_view bytes, const std::string& file)
+bat_TriangleMesh bat_ParseMesh(std::string_view bytes, const std::string& file, bat_Watcher& watcher)
 {
-    bat_TriangleMesh mesh = Parse(bat_TellMeshFormat(bytes, file), bytes, file);
+    bat_TriangleMesh mesh = Parse(bat_TellMeshFormat(bytes, file), bytes, file, watcher);
     if (mesh.IsEmpty())
     {
         throw bat_MeshError(file, "the file holds no triangle");
     }
-    if (mesh.IsSurelyOpen())
+    if (mesh.IsSurelyOpen(watcher))
     {
         mesh.Note("the surface is open or not turned consistently: its area vectors do not cancel out");
     }
     return mesh;
 }
 
-bat_TriangleMesh bat_ReadMesh(const std::string& path)
+bat_TriangleMesh bat_ReadMesh(const std::string& path, bat_Watcher& watcher)
 {
     try
     {
-        return bat_ParseMesh(bat_FileBytes(path).View(), path);
+        return bat_ParseMesh(bat_FileBytes(path, watcher).View(), path, watcher);
     }
     catch (const std::bad_alloc&)
     {
-        throw bat_MeshError(path, "memory does not suffice to read it");
+        throw bat_MeshError::OfSystem(path, ENOMEM, "memory does not suffice to read it");
     }
     catch (const std::length_error&)
     {
-        throw bat_MeshError(path, "memory does not suffice to read it");
+        throw bat_MeshError::OfSystem(path, ENOMEM, "memory does not suffice to read it");
     }
 }

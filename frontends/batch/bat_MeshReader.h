@@ -17,8 +17,10 @@ bat_MeshFormat bat_TellMeshFormat(std::string_view bytes, const std::string& fil
 
 /// Reads the bytes of a mesh file in any of the formats; file is its name in messages. Memory grows with
 /// the bytes, never with what a count in them promises. Raises bat_MeshError, also when no triangle is
-/// in it. Notes on what is odd come with the mesh.
-bat_TriangleMesh bat_ParseMesh(std::string_view bytes, const std::string& file);
+/// in it. Notes on what is odd come with the mesh. The watcher is asked all along, but told of no progress;
+/// bat_Interrupted when it wants no more.
+bat_TriangleMesh bat_ParseMesh(std::string_view bytes, const std::string& file,
+                               bat_Watcher& watcher = bat_Watcher::Nobody());
 
 /// The same from a file or pipe. Raises bat_MeshError also when it cannot be read or memory runs out.
-bat_TriangleMesh bat_ReadMesh(const std::string& path);
+bat_TriangleMesh bat_ReadMesh(const std::string& path, bat_Watcher& watcher = bat_Watcher::Nobody());

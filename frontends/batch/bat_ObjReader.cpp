@@ -21,7 +21,10 @@ bool bat_ObjReader::IsStatement(std::string_view word)
 
 bat_TextCursor bat_ObjReader::Start() const
 {
-    return {text_, *file_, bat_TextCursor::Comments::HASH, bat_TextCursor::Continuation::BACKSLASH};
+    bat_TextCursor cursor(text_, *file_, bat_TextCursor::Comments::HASH,
+                          bat_TextCursor::Continuation::BACKSLASH);
+    cursor.CountFor(*task_);
+    return cursor;
 }
 
 void bat_ObjReader::Count(std::string_view statement, Counts& counts)

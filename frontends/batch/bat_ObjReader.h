@@ -19,7 +19,10 @@
 class bat_ObjReader
 {
 public:
-    bat_ObjReader(std::string_view text, const std::string& file) : text_(text), file_(&file) {}
+    /// Every word is a step of the task.
+    bat_ObjReader(std::string_view text, const std::string& file, bat_Task& task)
+        : text_(text), file_(&file), task_(&task), cutter_(&task)
+    {}
 
     bat_TriangleMesh Read();
 
@@ -42,6 +45,7 @@ private:
 
     std::string_view text_;
     const std::string* file_;
+    bat_Task* task_;
     Counts whole_ = {};
     std::vector<double> vertices_;
     std::vector<double> polygon_;

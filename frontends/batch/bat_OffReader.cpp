@@ -15,9 +15,11 @@ bool Take(std::string_view& text, std::string_view prefix)
 }
 }
 
-bat_OffReader::bat_OffReader(std::string_view text, const std::string& file)
-    : cursor_(text, file, bat_TextCursor::Comments::HASH)
-{}
+bat_OffReader::bat_OffReader(std::string_view text, const std::string& file, bat_Task& task)
+    : cursor_(text, file, bat_TextCursor::Comments::HASH), cutter_(&task)
+{
+    cursor_.CountFor(task);
+}
 
 std::optional<bat_OffReader::Header> bat_OffReader::Parse(std::string_view word)
 {

@@ -19,7 +19,8 @@
 class bat_OffReader
 {
 public:
-    bat_OffReader(std::string_view text, const std::string& file);
+    /// Every word is a step of the task.
+    bat_OffReader(std::string_view text, const std::string& file, bat_Task& task);
 
     bat_TriangleMesh Read();
 

@@ -15,20 +15,39 @@ namespace
 // Squares of areas, fourth powers of lengths, must stay finite.
 constexpr double LARGEST_COORDINATE = 1e75;
 constexpr std::size_t MOST_TRIANGLES = std::numeric_limits<int>::max();
+
+std::string TooLarge(double coordinate)
+{
+    return "a coordinate of " + bat_ReadableText(coordinate) + " is beyond the " +
+           bat_ReadableText(LARGEST_COORDINATE) + " that can be computed with";
+}
 }
 
-bat_Part::bat_Part(std::string file, bat_TriangleMesh mesh) : file_(std::move(file)), mesh_(std::move(mesh))
+bat_Part::bat_Part(std::string file, bat_TriangleMesh mesh, bat_Watcher& watcher)
+    : file_(std::move(file)), mesh_(std::move(mesh)), triangles_(mesh_)
 {
-    if (mesh_.Length() > MOST_TRIANGLES)
+    Measure(watcher);
+}
+
+bat_Part::bat_Part(std::string name, const bat_TriangleView& triangles, bat_Watcher& watcher)
+    : file_(std::move(name)), triangles_(triangles)
+{
+    Measure(watcher);
+}
+
+void bat_Part::Measure(bat_Watcher& watcher)
+{
+    const std::size_t length = triangles_.Length();
+    if (length > MOST_TRIANGLES)
         throw bat_MeshError(file_, "more than " + bat_CountText(MOST_TRIANGLES) + " triangles");
     const double flat = gsl_Util::Instance().ParallelTolerance();
-    hasNormal_.resize(mesh_.Length());
+    hasNormal_.resize(length);
     double low[3];
     double high[3];
     std::fill(low, low + 3, std::numeric_limits<double>::max());
     std::fill(high, high + 3, std::numeric_limits<double>::lowest());
     gsl_Point p[3];
-    bat_Task task(mesh_.Length());
+    bat_Task task(watcher, length);
     for (int i = 0; i < Count(); ++i, task.Step())
     {
         const bat_Corners corners = Corners(i);
@@ -43,23 +62,37 @@ bat_Part::bat_Part(std::string file, bat_TriangleMesh mesh) : file_(std::move(fi
         hasNormal_[static_cast<std::size_t>(i)] = hasNormal;
         degenerate_ += !hasNormal;
     }
-    if (mesh_.IsEmpty())
+    if (length == 0)
         return;
     box_ = gsl_BBox(gsl_Point(low), gsl_Point(high));
     for (int k = 0; k < 3; ++k)
         reach_ = std::max({reach_, std::abs(low[k]), std::abs(high[k])});
     if (reach_ > LARGEST_COORDINATE)
-        throw bat_MeshError(file_, "a coordinate of " + bat_ReadableText(reach_) + " is beyond the " +
-                                       bat_ReadableText(LARGEST_COORDINATE) + " that can be computed with");
+        throw bat_MeshError(file_, TooLarge(reach_));
 }
 
-void bat_Part::Plant(gsl_TriOctree::OctreeNodeType type, int depth)
+void bat_Part::Check(int triangle, const bat_Corners& corners) const
+{
+    for (std::size_t k = 0; k < corners.size(); ++k)
+    {
+        if (std::abs(corners[k]) <= LARGEST_COORDINATE)
+            continue;
+        if (std::isfinite(corners[k]))
+            throw bat_MeshError(file_, TooLarge(std::abs(corners[k])));
+        const std::string axis(1, "xyz"[k % 3]);
+        throw bat_MeshError(file_, "the " + axis + " coordinate of a corner of triangle " +
+                                       std::to_string(triangle) + " is " +
+                                       (std::isnan(corners[k]) ? "not a number (NaN)" : "infinite"));
+    }
+}
+
+void bat_Part::Plant(gsl_TriOctree::OctreeNodeType type, int depth, bat_Watcher& watcher)
 {
     tree_ = cow_CountedHld<gsl_TriOctree>(new gsl_TriOctree(box_, cow_String(file_.c_str()), type, depth));
     gsl_TriOctreeNode& root = *tree_->Root();
     outside_ = 0;
     gsl_Point p[3];
-    bat_Task task(mesh_.Length());
+    bat_Task task(watcher, triangles_.Length());
     for (int i = 0; i < Count(); ++i, task.Step())
     {
         const bat_Corners corners = Corners(i);

@@ -2,28 +2,42 @@
 
 #include <bat_Corners.h>
 #include <bat_TriangleMesh.h>
+#include <bat_TriangleView.h>
+#include <bat_Watcher.h>
 #include <cow_CountedHld.h>
 #include <gsl_BBox.h>
 #include <gsl_TriOctree.h>
 #include <string>
 #include <vector>
 
-/// One of the two parts: the triangles of a file, and the octree over them that the search walks.
+/// One of the two parts: the triangles of a file or of a caller's arrays, and the octree over them that the
+/// search walks.
+///
+/// Raises bat_MeshError for coordinates that cannot be computed with. Arrays may change while they are in
+/// use; then answers are wrong, or bat_MeshError says what became of a coordinate.
 class bat_Part
 {
 public:
     /// More than one triangle, or the mesh readers refuse the file; as many as an int can number, or
-    /// bat_MeshError.
-    bat_Part(std::string file, bat_TriangleMesh mesh);
+    /// bat_MeshError. Interruptible.
+    bat_Part(std::string file, bat_TriangleMesh mesh, bat_Watcher& watcher = bat_Watcher::Nobody());
+    /// Triangles in place; name stands in messages where the file's name would.
+    bat_Part(std::string name, const bat_TriangleView& triangles,
+             bat_Watcher& watcher = bat_Watcher::Nobody());
+    bat_Part(bat_Part&&) = default;
+    bat_Part& operator=(bat_Part&&) = default;
 
     /// Plants the tree, an octree of that depth over the part's box. Interruptible.
-    void Plant(gsl_TriOctree::OctreeNodeType type, int depth);
+    void Plant(gsl_TriOctree::OctreeNodeType type, int depth, bat_Watcher& watcher = bat_Watcher::Nobody());
 
     const std::string& File() const { return file_; }
-    int Count() const { return static_cast<int>(mesh_.Length()); }
+    int Count() const { return static_cast<int>(triangles_.Length()); }
     bat_Corners Corners(int triangle) const
     {
-        return bat_Corners(mesh_.Corner(static_cast<std::size_t>(triangle), 0), bat_Corners::extent);
+        const bat_Corners corners = triangles_.Corners(static_cast<std::size_t>(triangle));
+        if (triangles_.MayChange())
+            Check(triangle, corners);
+        return corners;
     }
     /// Without a normal a triangle is degenerate: the search passes over it.
     bool HasNormal(int triangle) const { return hasNormal_[static_cast<std::size_t>(triangle)]; }
@@ -38,8 +52,12 @@ public:
     const gsl_TriOctreeNode& Root() const { return *tree_->Root(); }
 
 private:
+    void Measure(bat_Watcher& watcher);
+    void Check(int triangle, const bat_Corners& corners) const;
+
     std::string file_;
-    bat_TriangleMesh mesh_;
+    bat_TriangleMesh mesh_; ///< of a file; its numbers stay where they are when the part is moved
+    bat_TriangleView triangles_;
     std::vector<bool> hasNormal_;
     int degenerate_ = 0;
     int outside_ = 0;

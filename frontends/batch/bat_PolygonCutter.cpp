@@ -183,6 +183,10 @@ void bat_PolygonCutter::CutEars()
         {
             const std::size_t corner = queue.front();
             queue.pop_front();
+            if (task_)
+            {
+                task_->Step();
+            }
             waiting[corner] = false;
             const std::size_t before = previous_[corner];
             const std::size_t behind = next_[corner];

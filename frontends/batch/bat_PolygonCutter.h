@@ -1,6 +1,7 @@
 #pragma once
 
 #include <bat_Point2d.h>
+#include <bat_Task.h>
 #include <bat_TriangleMesh.h>
 
 #include <array>
@@ -21,6 +22,9 @@ class bat_PolygonCutter
 public:
     using Triple = std::array<std::size_t, 3>;
 
+    /// Every ear looked at is a step of the task, if there is one.
+    explicit bat_PolygonCutter(bat_Task* task = nullptr) : task_(task) {}
+
     /// corners: x, y, z of at least three corners, all finite. The result holds until the next call.
     const std::vector<Triple>& Cut(std::span<const double> corners);
     /// Adds the triangles to the mesh.
@@ -36,6 +40,7 @@ private:
     bool DoublesBack(std::size_t corner) const;
     void Link();
 
+    bat_Task* task_;
     std::vector<bat_Point2d> flat_;
     std::vector<std::size_t> next_;
     std::vector<std::size_t> previous_;

@@ -2,7 +2,7 @@
 #include <bat_SeparatingAxes.h>
 #include <cmath>
 
-bat_SeparatingAxes::bat_SeparatingAxes(bat_Corners a, bat_Corners b)
+bat_SeparatingAxes::bat_SeparatingAxes(const bat_Corners& a, const bat_Corners& b)
 {
     for (std::size_t i = 0; i < 3; ++i)
     {

@@ -25,7 +25,7 @@ public:
         Real bLow, bHigh;
     };
 
-    bat_SeparatingAxes(bat_Corners a, bat_Corners b);
+    bat_SeparatingAxes(const bat_Corners& a, const bat_Corners& b);
 
     /// Calls visit(axis) for one after the other, the normals first, until it answers false; whether it never
     /// did.

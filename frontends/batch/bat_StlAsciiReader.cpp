@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
-bat_StlAsciiReader::bat_StlAsciiReader(std::string_view text, const std::string& file)
+bat_StlAsciiReader::bat_StlAsciiReader(std::string_view text, const std::string& file, bat_Task& task)
     : cursor_(text, file, bat_TextCursor::Comments::NONE)
-{}
+{
+    cursor_.CountFor(task);
+}
 
 bool bat_StlAsciiReader::IsKeyword(std::string_view word, std::string_view keyword)
 {

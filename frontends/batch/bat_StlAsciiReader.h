@@ -12,7 +12,8 @@
 class bat_StlAsciiReader
 {
 public:
-    bat_StlAsciiReader(std::string_view text, const std::string& file);
+    /// Every word is a step of the task.
+    bat_StlAsciiReader(std::string_view text, const std::string& file, bat_Task& task);
 
     /// Raises bat_MeshError for what is not ASCII STL, for a facet that has not three corners, and for
     /// a coordinate that is not finite. A stored normal may be any three numbers: it does not count.

@@ -53,7 +53,7 @@ bool bat_StlBinaryReader::Fits(std::string_view bytes)
     return bytes.size() >= PREFIX && bytes.size() == LengthFor(LittleEndian(bytes.data() + HEADER));
 }
 
-bat_TriangleMesh bat_StlBinaryReader::Read() const
+bat_TriangleMesh bat_StlBinaryReader::Read(bat_Task& task) const
 {
     if (bytes_.size() < PREFIX)
     {
@@ -73,7 +73,7 @@ bat_TriangleMesh bat_StlBinaryReader::Read() const
     mesh.Reserve(facets);
     bat_FacetNormals normals;
     const char* at = bytes_.data() + PREFIX;
-    for (std::size_t i = 0; i < facets; ++i, at += FACET)
+    for (std::size_t i = 0; i < facets; ++i, at += FACET, task.Step())
     {
         float numbers[FACET_NUMBERS];
         double wide[FACET_NUMBERS];

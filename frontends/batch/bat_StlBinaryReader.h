@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bat_Task.h>
 #include <bat_TriangleMesh.h>
 
 #include <string>
@@ -16,8 +17,9 @@ public:
     /// of facets four printable characters ask for more than seven gigabytes.
     static bool Fits(std::string_view bytes);
 
-    /// Raises bat_MeshError unless Fits, and for a coordinate that is not finite.
-    bat_TriangleMesh Read() const;
+    /// Raises bat_MeshError unless Fits, and for a coordinate that is not finite. Every facet is a step of
+    /// the task.
+    bat_TriangleMesh Read(bat_Task& task) const;
 
 private:
     std::string_view bytes_;

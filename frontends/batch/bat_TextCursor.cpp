@@ -117,6 +117,10 @@ void bat_TextCursor::SkipBlanks()
 
 std::string_view bat_TextCursor::NextOnLine()
 {
+    if (task_)
+    {
+        task_->Step();
+    }
     SkipBlanks();
     wordLine_ = line_;
     const char* first = at_;

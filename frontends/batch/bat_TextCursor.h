@@ -1,6 +1,7 @@
 #pragma once
 
 #include <bat_MeshError.h>
+#include <bat_Task.h>
 
 #include <cstdint>
 #include <optional>
@@ -19,6 +20,9 @@ public:
 
     bat_TextCursor(std::string_view text, const std::string& file, Comments comments,
                    Continuation continuation = Continuation::NONE);
+
+    /// Every word read from now on is a step of the task, which must outlive the cursor and its copies.
+    void CountFor(bat_Task& task) { task_ = &task; }
 
     /// The next word, on this line or a later one; empty at the end of the text.
     std::string_view Next();
@@ -56,4 +60,5 @@ private:
     std::uint64_t wordLine_ = 1;
     Comments comments_;
     Continuation continuation_;
+    bat_Task* task_ = nullptr;
 };

@@ -5,7 +5,7 @@
 #include <bat_TravelResult.h>
 
 class bat_BruteForce;
-class bat_Part;
+class bat_Watcher;
 
 /// `orvex travel FIXED MOVABLE --dir X,Y,Z`: how far one part can go until it touches another.
 class bat_TravelCommand : public bat_Subcommand
@@ -19,10 +19,7 @@ public:
 
 private:
     bat_TravelResult Compute();
-    static void Search(const bat_Part& fixed, const bat_Part& movable, int depth, bat_TravelResult& result);
-    /// At travel 0: touching or overlapping.
-    static void FindState(const bat_Part& fixed, const bat_Part& movable, bat_TravelResult& result);
-    void Check(const bat_BruteForce& bruteForce, const bat_TravelResult& result);
+    void Check(const bat_BruteForce& bruteForce, const bat_TravelResult& result, bat_Watcher& watcher);
 
     bat_TravelOptions options_;
     bool differs_ = false; ///< the check found another answer

@@ -31,9 +31,9 @@ void bat_TravelOptions::Declare(CLI::App& app)
         ->each([this](const std::string&) { hasBound_ = true; })
         ->option_text("LENGTH");
     app.add_option("--depth", depth_,
-                   "depth of the trees, 1 to " + std::to_string(GREATEST_DEPTH) + " (" +
-                       std::to_string(DEFAULT_DEPTH) + ")")
-        ->check(CLI::Range(1, GREATEST_DEPTH))
+                   "depth of the trees, 1 to " + std::to_string(bat_TravelQuestion::GREATEST_DEPTH) + " (" +
+                       std::to_string(bat_TravelQuestion::DEFAULT_DEPTH) + ")")
+        ->check(CLI::Range(1, bat_TravelQuestion::GREATEST_DEPTH))
         ->option_text("N");
     app.add_option("--tree", tree_, "kind of the trees, 8 or 14 boxes below each (oct)")
         ->check(CLI::IsMember({OCT, MOD}))
@@ -44,22 +44,22 @@ void bat_TravelOptions::Declare(CLI::App& app)
     app.add_flag("--no-progress", noProgress_, "show no progress");
 }
 
-gsl_Vector bat_TravelOptions::Direction() const
+bat_TravelQuestion bat_TravelOptions::Question() const
 {
-    return bat_Direction(direction_).Unit();
+    bat_TravelQuestion question;
+    question.direction = bat_Direction(direction_).Unit();
+    question.bound = Bound();
+    question.tree = tree_ == MOD ? gsl_TriOctree::gsl_MODOCTREE : gsl_TriOctree::gsl_OCTREE;
+    question.depth = depth_;
+    return question;
 }
 
 double bat_TravelOptions::Bound() const
 {
-    double bound = bat_TravelResult::UNLIMITED;
+    double bound = bat_TravelQuestion::UNLIMITED;
     if (hasBound_ && !bat_ParseNumber(bound_, bound))
         throw bat_UsageError("--bound " + bound_ + ": not a number that can be a length");
     if (!(bound > 0.0))
         throw bat_UsageError("--bound " + bound_ + ": must be above 0; leave it out for no bound");
     return bound;
-}
-
-gsl_TriOctree::OctreeNodeType bat_TravelOptions::Tree() const
-{
-    return tree_ == MOD ? gsl_TriOctree::gsl_MODOCTREE : gsl_TriOctree::gsl_OCTREE;
 }

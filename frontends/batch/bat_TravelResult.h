@@ -1,9 +1,9 @@
 #pragma once
 
 #include <array>
+#include <bat_TravelQuestion.h>
 #include <gsl_BBox.h>
 #include <gsl_Vector.h>
-#include <limits>
 #include <string>
 
 /// The answer to "how far can the movable part go until it touches the fixed one", with all that is printed
@@ -26,7 +26,7 @@ struct bat_TravelResult
         std::array<double, 3> point{}; ///< where it touches, before the travel
     };
 
-    static constexpr double UNLIMITED = std::numeric_limits<double>::max();
+    static constexpr double UNLIMITED = bat_TravelQuestion::UNLIMITED;
 
     State state = State::CLEAR;
     double travel = 0.0; ///< no meaning when clear

@@ -1,9 +1,6 @@
-#include <algorithm>
 #include <bat_Part.h>
 #include <bat_TravelSearch.h>
 #include <gsl_Point.h>
-#include <wip_Progress.h>
-#include <wip_WIP.h>
 
 namespace
 {
@@ -16,8 +13,9 @@ void Fetch(const bat_Part& part, int index, gsl_Point& p1, gsl_Point& p2, gsl_Po
 }
 }
 
-bat_TravelSearch::bat_TravelSearch(const bat_Part& fixed, const bat_Part& movable, int depth)
-    : gsl_TriTriDirDist(depth), fixed_(fixed), movable_(movable)
+bat_TravelSearch::bat_TravelSearch(const bat_Part& fixed, const bat_Part& movable, int depth,
+                                   bat_Watcher& watcher)
+    : gsl_TriTriDirDist(depth), fixed_(fixed), movable_(movable), watcher_(watcher)
 {}
 
 void bat_TravelSearch::GetFixedTriangle(int index, gsl_Point& p1, gsl_Point& p2, gsl_Point& p3)
@@ -32,6 +30,6 @@ void bat_TravelSearch::GetMovableTriangle(int index, gsl_Point& p1, gsl_Point& p
 
 bool bat_TravelSearch::Proceed(double done)
 {
-    (void)wip_Progress::Instance().Update(static_cast<float>(std::clamp(done, 0.0, 1.0)));
-    return !wip_WIP::Instance().Interrupted();
+    stopped_ = !watcher_.Proceed(done);
+    return !stopped_;
 }

@@ -7,7 +7,7 @@ namespace
 {
 using Vec = std::array<double, 3>;
 
-Vec Corner(bat_Corners triangle, std::size_t i)
+Vec Corner(const bat_Corners& triangle, std::size_t i)
 {
     return {triangle[3 * i], triangle[3 * i + 1], triangle[3 * i + 2]};
 }

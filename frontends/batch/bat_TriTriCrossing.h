@@ -11,7 +11,7 @@
 class bat_TriTriCrossing
 {
 public:
-    bat_TriTriCrossing(bat_Corners a, bat_Corners b) : a_(a), b_(b) {}
+    bat_TriTriCrossing(const bat_Corners& a, const bat_Corners& b) : a_(a), b_(b) {}
 
     /// The length of the shortest shift that parts them; 0 or below when they do not cross.
     double Depth() const;

@@ -3,7 +3,8 @@
 #include <cmath>
 #include <limits>
 
-bat_TriTriTravel::bat_TriTriTravel(bat_Corners moving, bat_Corners standing, const gsl_Vector& direction)
+bat_TriTriTravel::bat_TriTriTravel(const bat_Corners& moving, const bat_Corners& standing,
+                                   const gsl_Vector& direction)
     : axes_(moving, standing), direction_(direction)
 {}
 

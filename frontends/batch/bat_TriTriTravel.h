@@ -19,7 +19,7 @@ public:
     };
 
     /// moving travels along the unit direction.
-    bat_TriTriTravel(bat_Corners moving, bat_Corners standing, const gsl_Vector& direction);
+    bat_TriTriTravel(const bat_Corners& moving, const bat_Corners& standing, const gsl_Vector& direction);
 
     /// Triangles that pass each other at up to reach count as meeting.
     std::optional<Interval> Grown(double reach) const;

@@ -1,5 +1,7 @@
 #include <bat_TriangleMesh.h>
 
+#include <bat_Task.h>
+
 #include <cmath>
 
 namespace
@@ -8,11 +10,12 @@ namespace
 constexpr double NEGLIGIBLE_SHARE = 1e-6;
 }
 
-bool bat_TriangleMesh::IsSurelyOpen() const
+bool bat_TriangleMesh::IsSurelyOpen(bat_Watcher& watcher) const
 {
     double sum[3] = {0, 0, 0};
     double surface = 0;
-    for (std::size_t i = 0; i < Length(); ++i)
+    bat_Task task(watcher, 0, 4096);
+    for (std::size_t i = 0; i < Length(); ++i, task.Step())
     {
         const double* a = Corner(i, 0);
         const double u[3] = {a[3] - a[0], a[4] - a[1], a[5] - a[2]};

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <bat_Watcher.h>
+
 #include <cstddef>
 #include <span>
 #include <string>
@@ -36,7 +38,7 @@ public:
 
     /// True when the area vectors of the triangles do not add up to zero, as those of every closed,
     /// consistently turned surface do. False proves nothing: openings may cancel out.
-    bool IsSurelyOpen() const;
+    bool IsSurelyOpen(bat_Watcher& watcher = bat_Watcher::Nobody()) const;
 
 private:
     std::vector<double> coordinates_;

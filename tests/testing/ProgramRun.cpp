@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -73,13 +74,15 @@ ProgramRun::~ProgramRun()
     close(errPipe_);
 }
 
-bool ProgramRun::ReadSome()
+bool ProgramRun::ReadSome(Clock::time_point deadline)
 {
     std::array<pollfd, 2> ends = {pollfd{outPipe_, POLLIN, 0}, pollfd{errPipe_, POLLIN, 0}};
     if (outPipe_ < 0 && errPipe_ < 0)
         return false;
-    if (poll(ends.data(), ends.size(), -1) < 0)
-        return errno == EINTR;
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
+    const int ready = poll(ends.data(), ends.size(), static_cast<int>(std::max<long>(left.count(), 0)));
+    if (ready <= 0)
+        return ready < 0 && errno == EINTR;
     std::array<char, 4096> bytes;
     for (const pollfd& end : ends)
     {
@@ -100,8 +103,9 @@ bool ProgramRun::ReadSome()
 
 bool ProgramRun::WaitForErr(const std::string& text)
 {
+    const Clock::time_point deadline = Clock::now() + PATIENCE;
     while (err_.find(text) == std::string::npos)
-        if (!ReadSome())
+        if (!ReadSome(deadline))
             return false;
     return true;
 }
@@ -113,8 +117,11 @@ void ProgramRun::Signal(int number) const
 
 ProgramRun& ProgramRun::Finish()
 {
-    while (ReadSome())
+    const Clock::time_point deadline = Clock::now() + PATIENCE;
+    while (ReadSome(deadline))
         continue;
+    if (outPipe_ >= 0 || errPipe_ >= 0)
+        kill(child_, SIGKILL);
     int status = 0;
     waitpid(child_, &status, 0);
     child_ = -1;

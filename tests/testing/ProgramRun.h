@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -22,10 +23,11 @@ public:
     ProgramRun(const ProgramRun&) = delete;
     ProgramRun& operator=(const ProgramRun&) = delete;
 
-    /// Reads until the error stream holds the text or the program ends; whether it holds it.
+    /// Reads until the error stream holds the text, the program ends or PATIENCE is over; whether it holds
+    /// it.
     bool WaitForErr(const std::string& text);
     void Signal(int number) const;
-    /// Reads to the end and waits.
+    /// Reads to the end and waits; what has not ended when PATIENCE is over is killed.
     ProgramRun& Finish();
 
     /// After Finish: the exit code, or minus the number of the signal that ended it.
@@ -34,7 +36,12 @@ public:
     const std::string& Err() const { return err_; }
 
 private:
-    bool ReadSome();
+    using Clock = std::chrono::steady_clock;
+    /// No program of these tests runs nearly so long, on a busy machine either.
+    static constexpr std::chrono::minutes PATIENCE{5};
+
+    /// Waits for output and reads it; whether more may come before the deadline.
+    bool ReadSome(Clock::time_point deadline);
 
     pid_t child_ = -1;
     int outPipe_ = -1;

@@ -87,7 +87,7 @@ private:
     /// Add, for a triangle that this node's box is known to hold.
     void Place(const double low[3], const double high[3], int triangle, std::uint64_t stamp);
     int FirstSlotHolding(const double low[3], const double high[3]) const;
-    /// Makes the child of an empty slot; null when it would have this node's own box.
+    /// Makes the child of an empty slot; null when, deep down, it would have this node's own box again.
     gsl_TriOctreeNode* MakeChild(int slot);
     /// Notes that triangles were added at or below this node, here and in everything above.
     void NoteChange(int added) noexcept;

@@ -8,6 +8,11 @@
 
 namespace
 {
+// Halving leaves some boxes as they are: a flat one across its plane, any when its corners are neighbouring
+// numbers. From this level on such a box is not repeated, so that no depth asked for ends in a stack
+// overflow.
+constexpr int LAST_REPEATED_LEVEL = 64;
+
 std::uint64_t FreshStamp() noexcept
 {
     static std::atomic<std::uint64_t> last{0};
@@ -179,9 +184,9 @@ int gsl_TriOctreeNode::FirstSlotHolding(const double low[3], const double high[3
 gsl_TriOctreeNode* gsl_TriOctreeNode::MakeChild(int slot)
 {
     const gsl_OctreeSplit split(box_);
-    if (split.IsSlotBox(slot, box_))
+    if (level_ >= LAST_REPEATED_LEVEL && split.IsSlotBox(slot, box_))
     {
-        return nullptr; // a box that halving no longer shrinks: deeper levels would only repeat it
+        return nullptr;
     }
     Build(slot, makeChild_(split.SlotBox(slot), level_ + 1, slot, this), maxDepth_);
     return At(slot).get();

@@ -229,6 +229,49 @@ TEST(DirDistSearch, EmptyTreesGiveNothing)
         }
 }
 
+TEST(DirDistSearch, OneObjectTellsATreeFromItsChildren)
+{
+    GeometryDraw draw(77);
+    const Set fixedSet = Soup(draw, 60, 3, 0.3);
+    const Set movableSet = Moved(Soup(draw, 60, 3, 0.3), {0, 0, -8});
+    const gsl_TriOctree fixed = Tree(fixedSet, OCT, 5);
+    const gsl_TriOctree movable = Tree(movableSet, OCT, 5);
+    const auto ask = [&](SetSearch& search, const gsl_TriOctreeNode& node) {
+        double travel = UNLIMITED;
+        (void)search.FindDirectionalDistance(node, *movable.Root(), travel);
+        return travel;
+    };
+    SetSearch kept(5, fixedSet, movableSet);
+    const double whole = ask(kept, *fixed.Root());
+    int differs = 0;
+    for (int slot = 0; slot < fixed.Root()->GetChildCount(); ++slot)
+        if (const gsl_TriOctreeNode* child = fixed.Root()->Child(slot))
+        {
+            SetSearch fresh(5, fixedSet, movableSet);
+            const double part = ask(fresh, *child);
+            EXPECT_EQ(ask(kept, *child), part) << slot;
+            EXPECT_EQ(ask(kept, *fixed.Root()), whole) << slot;
+            differs += part != whole;
+        }
+    EXPECT_GT(differs, 3);
+}
+
+TEST(DirDistSearch, TravelZeroHasNoSign)
+{
+    const Set plate = Floor(2, 0);
+    const gsl_TriOctree tree = Tree(plate, OCT, 4);
+    for (const gsl_Vector& direction : {gsl_Vector(0, 0, 1), gsl_Vector(0, 0, -1), gsl_Vector(0.1, 0.2, -1)})
+        for (const bool nested : {false, true})
+        {
+            SetSearch search(4, plate, plate);
+            ASSERT_TRUE(search.SetDirection(direction));
+            const Answer answer = Ask(search, tree, tree, UNLIMITED, nested);
+            ASSERT_TRUE(answer.found);
+            EXPECT_EQ(answer.travel, 0);
+            EXPECT_FALSE(std::signbit(answer.travel));
+        }
+}
+
 TEST(DirDistSearch, LongListsAreSearchedLikeAllOthers)
 {
     // Hundreds of triangles that all straddle the middle: one list at the root, halved by the search itself.

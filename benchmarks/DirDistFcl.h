@@ -12,13 +12,15 @@
 namespace bench_parts
 {
 #ifdef ORVEX_HAVE_FCL
-/// The same question to FCL: conservative advancement of a translation by `reach`, between two trees of oriented
-/// boxes that are built beforehand.
+/// The same question to FCL: conservative advancement of a translation by `reach`, between two trees of
+/// oriented boxes that are built beforehand.
 class FclTravel
 {
 public:
     FclTravel(const Case& parts, double reach)
-        : fixed_(Model(parts.fixed)), movable_(Model(parts.movable)), reach_(reach),
+        : fixed_(Model(parts.fixed)),
+          movable_(Model(parts.movable)),
+          reach_(reach),
           direction_(parts.direction[0], parts.direction[1], parts.direction[2])
     {
         direction_.normalize();

@@ -59,7 +59,8 @@ Mesh Grid(int rows, int columns, Surface surface)
 inline std::array<int, 2> CellsFor(int triangles, double aspect)
 {
     const double rows = std::sqrt(triangles / 2.0 / aspect);
-    return {std::max(1, static_cast<int>(std::lround(rows))), std::max(1, static_cast<int>(std::lround(rows * aspect)))};
+    return {std::max(1, static_cast<int>(std::lround(rows))),
+            std::max(1, static_cast<int>(std::lround(rows * aspect)))};
 }
 
 inline Mesh Sphere(int triangles, double radius)
@@ -68,7 +69,8 @@ inline Mesh Sphere(int triangles, double radius)
     return Grid(rows, columns, [radius](double u, double v) {
         const double a = std::numbers::pi * u;
         const double b = 2 * std::numbers::pi * v;
-        return Point{radius * std::sin(a) * std::cos(b), radius * std::sin(a) * std::sin(b), radius * std::cos(a)};
+        return Point{radius * std::sin(a) * std::cos(b), radius * std::sin(a) * std::sin(b),
+                     radius * std::cos(a)};
     });
 }
 
@@ -96,7 +98,8 @@ inline Mesh HeightField(int triangles, std::uint32_t seed, double roughness)
     return Grid(rows, columns, [&, rows = rows, columns = columns](double u, double v) {
         const auto i = static_cast<std::size_t>(std::lround(u * rows));
         const auto j = static_cast<std::size_t>(std::lround(v * columns));
-        const double hills = 0.1 * std::sin(9 * u + phase) * std::cos(7 * v - phase) + 0.03 * std::sin(40 * u * v);
+        const double hills =
+            0.1 * std::sin(9 * u + phase) * std::cos(7 * v - phase) + 0.03 * std::sin(40 * u * v);
         return Point{2 * u - 1, 2 * v - 1,
                      hills + roughness * jitter[i * static_cast<std::size_t>(columns + 1) + j] / rows};
     });

@@ -1,9 +1,10 @@
-// How long the directional distance takes: building a tree, the first search on two trees, later searches on the
-// same trees; beside them what one would take instead: the nested search, the loop over all pairs with boxes
-// rejected, and FCL's conservative advancement where the library is there.
+// How long the directional distance takes: building a tree, the first search on two trees, later searches on
+// the same trees; beside them what one would take instead: the nested search, the loop over all pairs with
+// boxes rejected, and FCL's conservative advancement where the library is there.
 //
-// Everything is measured in one run and on one core; at the end a table shows the medians and how many times longer
-// the others take. An answer that differs from the search's by more than a thousandth is counted as wrong.
+// Everything is measured in one run and on one core; at the end a table shows the medians and how many times
+// longer the others take. An answer that differs from the search's by more than a thousandth is counted as
+// wrong.
 #include "DirDistFcl.h"
 #include "DirDistParts.h"
 
@@ -145,7 +146,8 @@ void Measure(benchmark::State& state, Row& row, const std::string& method, Prepa
     }
     if (times.empty())
         return;
-    std::nth_element(times.begin(), times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2), times.end());
+    std::nth_element(times.begin(), times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2),
+                     times.end());
     row.median[method] = times[times.size() / 2];
 }
 
@@ -171,7 +173,8 @@ void FirstSearch(benchmark::State& state, Row* row)
         state, *row, "first", [&] { return std::make_unique<Search>(parts.sets); },
         [&](Search& search) {
             double d = UNLIMITED;
-            benchmark::DoNotOptimize(search.FindDirectionalDistance(*parts.fixed.Root(), *parts.movable.Root(), d));
+            benchmark::DoNotOptimize(
+                search.FindDirectionalDistance(*parts.fixed.Root(), *parts.movable.Root(), d));
         });
 }
 
@@ -185,7 +188,8 @@ void LaterSearch(benchmark::State& state, Row* row)
         state, *row, "later", [&] { return &search; },
         [&](Search& same) {
             d = UNLIMITED;
-            benchmark::DoNotOptimize(same.FindDirectionalDistance(*parts.fixed.Root(), *parts.movable.Root(), d));
+            benchmark::DoNotOptimize(
+                same.FindDirectionalDistance(*parts.fixed.Root(), *parts.movable.Root(), d));
         });
 }
 
@@ -271,8 +275,8 @@ double EveryPair(Search& search, const Case& sets)
             const Triangle& m = sets.movable[j];
             const gsl_Triangle movable(Of(m[0]), Of(m[1]), Of(m[2]));
             if (movable.Normal().Magnitude() > 0 && fixed.Normal().Magnitude() > 0)
-                (void)search.FindDirDistBetweenTriangles(movable, gsl_Plane(movable.Point(0), movable.Normal()),
-                                                         fixed, fixedPlane, best);
+                (void)search.FindDirDistBetweenTriangles(
+                    movable, gsl_Plane(movable.Point(0), movable.Normal()), fixed, fixedPlane, best);
         }
     }
     return best;
@@ -312,8 +316,8 @@ void Register(const std::string& name, std::size_t size, std::function<Case()> m
     Rows().push_back(std::make_unique<Row>(Row{name, std::move(make), size, nullptr, {}, {}}));
     Row* row = Rows().back().get();
     const auto add = [&](const char* method, void (*run)(benchmark::State&, Row*), bool once) {
-        auto* registered =
-            benchmark::RegisterBenchmark((std::string(method) + "/" + name + "/" + std::to_string(size)).c_str(), run, row);
+        auto* registered = benchmark::RegisterBenchmark(
+            (std::string(method) + "/" + name + "/" + std::to_string(size)).c_str(), run, row);
         registered->UseManualTime()->Unit(benchmark::kMillisecond);
         if (once)
             registered->Iterations(1);
@@ -330,13 +334,13 @@ void Register(const std::string& name, std::size_t size, std::function<Case()> m
 #ifdef ORVEX_HAVE_FCL
     add("fcl", FclSearch, true);
 #endif
-    benchmark::RegisterBenchmark(("done/" + name + "/" + std::to_string(size)).c_str(), LastOfRow, row)->Iterations(1);
+    benchmark::RegisterBenchmark(("done/" + name + "/" + std::to_string(size)).c_str(), LastOfRow, row)
+        ->Iterations(1);
 }
 
 void RegisterMade()
 {
-    for (const char* name :
-         {"sphere", "torus", "heightfield", "thread", "pin", "slivers", "slivers-crossed"})
+    for (const char* name : {"sphere", "torus", "heightfield", "thread", "pin", "slivers", "slivers-crossed"})
         for (const int size : {1000, 10000, 100000})
             Register(name, static_cast<std::size_t>(size), [name, size] { return MakeCase(name, size); });
 }
@@ -386,8 +390,8 @@ void Cell(const Row& row, const char* method, const char* against)
 void PrintTable()
 {
     std::printf("\nmilliseconds, medians; in brackets how many times the first search\n");
-    std::printf("%-16s %9s %9s %9s %9s %22s %22s %22s\n", "case", "triangles", "add a set", "first", "later", "nested",
-                "every pair", "FCL");
+    std::printf("%-16s %9s %9s %9s %9s %22s %22s %22s\n", "case", "triangles", "add a set", "first", "later",
+                "nested", "every pair", "FCL");
     int asked = 0;
     int wrong = 0;
     for (const auto& row : Rows())

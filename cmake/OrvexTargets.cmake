@@ -111,6 +111,7 @@ endfunction()
 
 # orvex_tests(<folder> MODULES ... [LINKS ...]): the program orvex_test_<folder> from every *_test.cpp there.
 # It links the objects of the modules named, so that classes hidden in the shared library are tested too.
+# ORVEX_UNTIMED_FLAGS are options of targets whose speed does not matter: test programs and the Python module.
 function(orvex_tests folder)
     cmake_parse_arguments(ARG "" "" "MODULES;LINKS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*_test.cpp)
@@ -120,6 +121,7 @@ function(orvex_tests folder)
     set(program orvex_test_${folder})
     add_executable(${program} ${sources})
     orvex_options(${program})
+    target_compile_options(${program} PRIVATE ${ORVEX_UNTIMED_FLAGS})
     target_link_libraries(${program} PRIVATE orvex_testing GTest::gmock_main OrvexBase KTLOxuProtected ${ARG_LINKS})
     foreach(module IN LISTS ARG_MODULES)
         target_link_libraries(${program} PRIVATE KTLOxu${module})

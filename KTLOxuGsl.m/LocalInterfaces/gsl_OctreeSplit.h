@@ -26,7 +26,8 @@ public:
     /// -1. REQUIRES: the node's own box holds it.
     int FirstSlotHolding(const double low[3], const double high[3], int slots) const noexcept
     {
-        // On each axis by itself the lower half comes first, so the octant is the first one that holds all three axes.
+        // On each axis by itself the lower half comes first, so the octant is the first one that holds all
+        // three axes.
         int octant = 0;
         bool inOctant = true;
         int half = SLOTS;

@@ -1,7 +1,7 @@
 #pragma once
 
-/// What is tested of a pair of triangles: which corners against the other triangle, by bit, and whether edges are
-/// tested against edges.
+/// What is tested of a pair of triangles: which corners against the other triangle, by bit, and whether edges
+/// are tested against edges.
 struct gsl_PairTests
 {
     static constexpr unsigned ALL = 7;

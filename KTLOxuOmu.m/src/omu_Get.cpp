@@ -122,4 +122,5 @@ template OXU_EXPORT bool omu_Get(omu_Arguments&, cow_2DArray<int>&, const cow_St
 template OXU_EXPORT bool omu_Get(omu_Arguments&, cow_2DArray<double>&, const cow_String&);
 template OXU_EXPORT bool omu_Get(omu_Arguments&, cow_2DArray<cow_String>&, const cow_String&);
 template OXU_EXPORT bool omu_Get(omu_PrimTuple&, cow_Map<cow_String, cls_xp2DArrayDouble>&);
-template OXU_EXPORT bool omu_Get(omu_Arguments&, cow_Map<cow_String, cls_xp2DArrayDouble>&, const cow_String&);
+template OXU_EXPORT bool omu_Get(omu_Arguments&, cow_Map<cow_String, cls_xp2DArrayDouble>&,
+                                 const cow_String&);

@@ -1,0 +1,117 @@
+"""The exceptions of orvex.
+
+Each says which error of the scripting language it is by its class. Where Python has an error of that name the
+class derives from it too, so that ``except TypeError`` catches ``orvex.TypeError``. The one argument is the
+message; what the message was made of stands in attributes (``keyword``, ``expecting``, ``found``,
+``nestingStr``, ``errorType``, ``value`` ...), which differ from error to error.
+"""
+
+from __future__ import annotations
+
+import builtins
+from typing import TYPE_CHECKING, Any
+
+
+class Error(Exception):
+    """An error that the library raised."""
+
+    def __str__(self) -> str:
+        # KeyError's own would quote the message.
+        return str(self.args[0]) if len(self.args) == 1 else Exception.__str__(self)
+
+    if TYPE_CHECKING:
+
+        def __getattr__(self, name: str) -> Any:
+            """The fields, which differ from error to error."""
+
+
+class AccessError(Error):
+    """The object behind a handle is gone; the message is the path."""
+
+
+class AttributeError(Error, builtins.AttributeError):
+    """An object has no such attribute, or it is read-only."""
+
+
+class ColorError(Error):
+    """A colour that is none."""
+
+
+class FontError(Error):
+    """A font that is none."""
+
+
+class GuiAccessError(Error):
+    """Something that only a graphical session offers."""
+
+
+class IndexError(Error, builtins.IndexError):
+    """An index outside its sequence."""
+
+
+class KeyError(Error, builtins.KeyError):
+    """A key that a dictionary does not have."""
+
+
+class MementoError(Error):
+    """Stored data that cannot be read."""
+
+
+class NameError(Error, builtins.NameError):
+    """A name that is not defined."""
+
+
+class OrvexError(Error):
+    """An error told in plain words."""
+
+
+class OrvexNameError(Error):
+    """A name that objects of the application cannot have."""
+
+
+class OverflowError(Error, builtins.OverflowError):
+    """A number or a length beyond what can be held."""
+
+
+class RangeError(Error, builtins.ValueError):
+    """A number outside the limits of its argument."""
+
+
+class TypeError(Error, builtins.TypeError):
+    """Arguments of a wrong type or number."""
+
+
+class ValueError(Error, builtins.ValueError):
+    """A value of the right type that is not allowed."""
+
+
+class ZeroDivisionError(Error, builtins.ZeroDivisionError):
+    """A division by zero."""
+
+
+#: By the name of the scripting language's error type.
+CLASSES: dict[str, type[Error]] = {
+    cls.__name__: cls
+    for cls in (
+        Error,
+        AccessError,
+        AttributeError,
+        ColorError,
+        FontError,
+        GuiAccessError,
+        IndexError,
+        KeyError,
+        MementoError,
+        NameError,
+        OrvexError,
+        OrvexNameError,
+        OverflowError,
+        RangeError,
+        TypeError,
+        ValueError,
+        ZeroDivisionError,
+    )
+}
+for _cls in CLASSES.values():
+    _cls.__module__ = "orvex"
+del _cls

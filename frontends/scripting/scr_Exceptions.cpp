@@ -1,0 +1,111 @@
+#include <bio_DataException.h>
+#include <cxxabi.h>
+#include <new>
+#include <nex_CommandException.h>
+#include <nex_RangeException.h>
+#include <scr_ExceptionFields.h>
+#include <scr_Exceptions.h>
+#include <scr_Text.h>
+
+namespace py = pybind11;
+
+namespace
+{
+constexpr const char* BASE_CLASS = "Error";
+
+// Name to class; never released, so that nothing happens to it after the interpreter's end.
+PyObject* classes = nullptr;
+
+// Where the library's class says nothing of Python.
+const char* ClassName(const KTLBasException& failure)
+{
+    if (const auto* command = dynamic_cast<const nex_CommandException*>(&failure))
+        return command->PythonType();
+    if (dynamic_cast<const nex_RangeException*>(&failure) != nullptr)
+        return "IndexError";
+    if (dynamic_cast<const bio_DataException*>(&failure) != nullptr)
+        return "MementoError";
+    return BASE_CLASS;
+}
+
+py::object ClassOf(const char* name)
+{
+    const py::dict all = py::reinterpret_borrow<py::dict>(classes);
+    return all.contains(name) ? all[name] : all[BASE_CLASS];
+}
+
+void Set(const KTLBasException& failure)
+{
+    const py::object made = scr_Exceptions::Make(failure);
+    PyErr_SetObject(reinterpret_cast<PyObject*>(Py_TYPE(made.ptr())), made.ptr());
+}
+
+void Translate(std::exception_ptr thrown)
+{
+    try
+    {
+        if (thrown)
+            std::rethrow_exception(thrown);
+    }
+    catch (const KTLBasException& failure)
+    {
+        Set(failure);
+    }
+}
+}
+
+py::object scr_Exceptions::Make(const KTLBasException& failure)
+{
+    py::object made = ClassOf(ClassName(failure))(scr_Text::ToPython(failure.UserReport()));
+    const scr_ExceptionFields fields(made);
+    failure.DBWrite(fields);
+    return made;
+}
+
+void scr_Exceptions::SetError() noexcept
+{
+    try
+    {
+        try
+        {
+            throw;
+        }
+        catch (const KTLBasException& failure)
+        {
+            Set(failure);
+        }
+    }
+    catch (py::error_already_set& raised)
+    {
+        raised.restore();
+    }
+    catch (const py::builtin_exception& raised)
+    {
+        raised.set_error();
+    }
+    catch (const std::bad_alloc&)
+    {
+        PyErr_NoMemory();
+    }
+    catch (const std::exception& failure)
+    {
+        PyErr_SetString(PyExc_RuntimeError, failure.what());
+    }
+    catch (...)
+    {
+        PyErr_SetString(PyExc_RuntimeError, "a failure of an unknown kind");
+    }
+}
+
+void scr_Exceptions::Throw(const char* className, const std::string& message)
+{
+    const py::object made = ClassOf(className)(message);
+    PyErr_SetObject(reinterpret_cast<PyObject*>(Py_TYPE(made.ptr())), made.ptr());
+    throw py::error_already_set();
+}
+
+void scr_RegisterExceptions(py::module_&)
+{
+    classes = py::dict(py::module_::import("orvex._errors").attr("CLASSES")).release().ptr();
+    py::register_exception_translator(&Translate);
+}

@@ -1,0 +1,53 @@
+#include <KTLOxuGeom.h>
+#include <memory>
+#include <omu_CommandTable.h>
+#include <omu_SimpleTermShortcutImpl.h>
+#include <scr_ConstantTable.h>
+#include <scr_Library.h>
+#include <scr_Running.h>
+#include <scr_ScriptObjects.h>
+
+namespace py = pybind11;
+
+namespace
+{
+// A root of paths that has no members until the application puts its own in its place.
+class PlainRoot : public omu_InterfaceObj
+{
+public:
+    explicit PlainRoot(const char* name) : omu_InterfaceObj(omu_SimpleTermShortcutImpl(name, true)) {}
+    PlainRoot* Copy() const override { return new PlainRoot(*this); }
+};
+
+std::unique_ptr<scr_ConstantTable> constants;
+int partsRunning = 0;
+
+void Stop()
+{
+    scr_Running::CancelAll();
+    {
+        const py::gil_scoped_release released;
+        scr_Running::WaitForAll();
+    }
+    KTLOxuGeom_finalize(partsRunning);
+    constants.reset();
+    scr_ScriptObjects::Uninstall();
+}
+}
+
+void scr_Library::Start()
+{
+    scr_ScriptObjects::Install();
+    // Before the start, which fills the table.
+    constants = std::make_unique<scr_ConstantTable>();
+    KTLOxuGeom_initialize(partsRunning);
+    omu_CommandTable& table = omu_CommandTable::Instance();
+    for (const char* name : {"mdb", "session"})
+        if (table.Root(name) == nullptr)
+            table.RegisterRoot(name, std::make_shared<PlainRoot>(name));
+}
+
+void scr_Library::StopAtExit()
+{
+    py::module_::import("atexit").attr("register")(py::cpp_function(&Stop));
+}

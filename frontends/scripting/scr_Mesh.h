@@ -1,0 +1,35 @@
+#pragma once
+
+#include <bat_Part.h>
+#include <cstdint>
+#include <optional>
+#include <pybind11/pybind11.h>
+#include <scr_Buffer.h>
+#include <string>
+#include <vector>
+
+/// One of the two parts as Python gives it: the name of a file, or a pair of buffers, vertices (N x 3
+/// float64) and triangles (M x 3 integers).
+///
+/// Made and destroyed with the interpreter lock held; the part is built without. Vertices are used in place;
+/// triangles are copied, so that nobody can change what was checked.
+class scr_Mesh
+{
+public:
+    /// role, "fixed" or "movable", stands for a file name in messages. Raises TypeError or ValueError.
+    scr_Mesh(pybind11::handle object, const std::string& role);
+
+    /// Reads the file, or checks the arrays; the mesh must outlive the part. Raises bat_MeshError,
+    /// bat_Interrupted.
+    bat_Part Build(bat_Watcher& watcher, float share);
+
+private:
+    bat_Part BuildFromFile(bat_Watcher& watcher, float share) const;
+    template <typename Integer>
+    void CopyTriangles(bat_Watcher& watcher);
+
+    std::string name_;
+    std::optional<scr_Buffer> vertices_;
+    std::optional<scr_Buffer> triangles_;
+    std::vector<std::uint32_t> indices_;
+};

@@ -1,0 +1,248 @@
+#include <bat_ContactTravel.h>
+#include <bat_Direction.h>
+#include <bat_Interrupted.h>
+#include <bat_MeshError.h>
+#include <bat_Part.h>
+#include <cerrno>
+#include <cstring>
+#include <optional>
+#include <pybind11/stl.h>
+#include <scr_Mesh.h>
+#include <scr_ProgressReporter.h>
+#include <scr_Running.h>
+#include <scr_Travel.h>
+#include <scr_TravelRefusal.h>
+#include <scr_TravelWatcher.h>
+#include <system_error>
+#include <thread>
+
+namespace py = pybind11;
+
+namespace
+{
+/// Text that may hold the name of a file.
+py::object Text(const std::string& bytes)
+{
+    return py::reinterpret_steal<py::object>(
+        PyUnicode_DecodeFSDefaultAndSize(bytes.data(), static_cast<Py_ssize_t>(bytes.size())));
+}
+
+[[noreturn]] void Raise(py::handle type, const py::object& value)
+{
+    PyErr_SetObject(type.ptr(), value.ptr());
+    throw py::error_already_set();
+}
+
+[[noreturn]] void Raise(const bat_MeshError& error)
+{
+    if (error.SystemNumber() == ENOMEM)
+        Raise(PyExc_MemoryError, Text(error.what()));
+    if (const auto number = error.SystemNumber())
+        Raise(PyExc_OSError, py::make_tuple(*number, std::strerror(*number), Text(error.File())));
+    const py::object type = py::module_::import("orvex._travel").attr("MeshError");
+    Raise(type, type(Text(error.File()), Text(error.Reason()), error.Line(), error.Byte()));
+}
+
+double Number(py::handle object, const scr_TravelRefusal& refusal, const std::string& where)
+{
+    const double value = PyFloat_AsDouble(object.ptr());
+    if (value != -1.0 || !PyErr_Occurred())
+        return value;
+    if (!PyErr_ExceptionMatches(PyExc_TypeError))
+        throw py::error_already_set();
+    PyErr_Clear();
+    refusal.Type(scr_TravelRefusal::TypeName(object) + where);
+}
+
+py::object Item(const py::sequence& sequence, std::size_t index, const scr_TravelRefusal& refusal)
+{
+    try
+    {
+        return sequence[index];
+    }
+    catch (py::error_already_set& error)
+    {
+        // So says a buffer of several dimensions.
+        if (!error.matches(PyExc_NotImplementedError))
+            throw;
+    }
+    refusal.Type(scr_TravelRefusal::TypeName(sequence) + " of other things than numbers");
+}
+
+gsl_Vector DirectionOf(const py::object& given)
+{
+    const scr_TravelRefusal refusal("direction", "three finite numbers, or an axis: +x -x +y -y +z -z");
+    std::array<double, 3> xyz{};
+    if (PyUnicode_Check(given.ptr()))
+    {
+        const auto parsed = bat_Direction::Parse(scr_TravelRefusal::Text(given));
+        if (!parsed)
+            refusal.Value(scr_TravelRefusal::Shown(given));
+        xyz = *parsed;
+    }
+    else
+    {
+        if (!PySequence_Check(given.ptr()))
+            refusal.Type(given);
+        if (const std::size_t length = py::len(given); length != xyz.size())
+            refusal.Value(scr_TravelRefusal::TypeName(given) + " of length " + std::to_string(length));
+        const auto items = py::reinterpret_borrow<py::sequence>(given);
+        for (std::size_t k = 0; k < xyz.size(); ++k)
+            xyz[k] = Number(Item(items, k, refusal), refusal, " as item " + std::to_string(k));
+    }
+    const std::optional<gsl_Vector> unit = bat_Direction::Unit(xyz);
+    if (!unit)
+        refusal.Value(scr_TravelRefusal::Shown(py::make_tuple(xyz[0], xyz[1], xyz[2])));
+    return *unit;
+}
+
+double BoundOf(const py::object& given)
+{
+    if (given.is_none())
+        return bat_TravelQuestion::UNLIMITED;
+    const scr_TravelRefusal refusal("bound", "a number above 0, or None");
+    const double bound = Number(given, refusal, "");
+    if (!(bound > 0.0))
+        refusal.Value(scr_TravelRefusal::Shown(given));
+    return std::min(bound, bat_TravelQuestion::UNLIMITED);
+}
+
+int DepthOf(const py::object& given)
+{
+    constexpr int MOST = bat_TravelQuestion::GREATEST_DEPTH;
+    const scr_TravelRefusal refusal("depth", "a whole number from 1 to " + std::to_string(MOST));
+    if (!PyIndex_Check(given.ptr()))
+        refusal.Type(given);
+    const auto number = py::reinterpret_steal<py::object>(PyNumber_Index(given.ptr()));
+    if (!number)
+        throw py::error_already_set();
+    int overflow = 0;
+    const long depth = PyLong_AsLongAndOverflow(number.ptr(), &overflow);
+    if (overflow != 0 || depth < 1 || depth > MOST)
+        refusal.Value(scr_TravelRefusal::Shown(given));
+    return static_cast<int>(depth);
+}
+
+gsl_TriOctree::OctreeNodeType TreeOf(const py::object& given)
+{
+    const scr_TravelRefusal refusal("tree", "'oct' or 'mod'");
+    if (!PyUnicode_Check(given.ptr()))
+        refusal.Type(given);
+    if (PyUnicode_CompareWithASCIIString(given.ptr(), "oct") == 0)
+        return gsl_TriOctree::gsl_OCTREE;
+    if (PyUnicode_CompareWithASCIIString(given.ptr(), "mod") != 0)
+        refusal.Value(scr_TravelRefusal::Shown(given));
+    return gsl_TriOctree::gsl_MODOCTREE;
+}
+
+py::object CallableOf(const py::object& given)
+{
+    if (!given.is_none() && !PyCallable_Check(given.ptr()))
+        scr_TravelRefusal("progress", "a callable, True or None").Type(given);
+    return given;
+}
+
+/// Frees the parts on a thread of its own: large trees would keep whoever pressed Ctrl-C waiting. Nobody
+/// waits for that thread: it touches nothing but memory of its own, and may end with the process.
+void FreeBeside(std::optional<bat_Part> fixed, std::optional<bat_Part> movable)
+{
+    try
+    {
+        std::thread([first = std::move(fixed), second = std::move(movable)] {}).detach();
+    }
+    catch (const std::system_error&)
+    {
+        // No thread to be had: they were freed here.
+    }
+}
+
+/// Without the interpreter lock; nothing when the watcher put an end to it.
+std::optional<bat_TravelResult> Compute(scr_Mesh& fixed, scr_Mesh& movable,
+                                        const bat_TravelQuestion& question, scr_TravelWatcher& watcher)
+{
+    constexpr float TOTAL = bat_ContactTravel::READ_SHARE + bat_ContactTravel::SHARE;
+    constexpr float EACH = 0.5f * bat_ContactTravel::READ_SHARE / TOTAL;
+    std::optional<bat_Part> fixedPart;
+    std::optional<bat_Part> movablePart;
+    try
+    {
+        fixedPart.emplace(fixed.Build(watcher, EACH));
+        movablePart.emplace(movable.Build(watcher, EACH));
+        return bat_ContactTravel(*fixedPart, *movablePart, watcher, TOTAL).Find(question);
+    }
+    catch (const bat_Interrupted&)
+    {
+        FreeBeside(std::move(fixedPart), std::move(movablePart));
+        return std::nullopt;
+    }
+}
+
+py::tuple Point(const std::array<double, 3>& point)
+{
+    return py::make_tuple(point[0], point[1], point[2]);
+}
+
+/// In the order in which the package's TravelResult takes them.
+py::tuple Fields(const bat_TravelResult& result, const std::vector<std::string>& notes)
+{
+    const bool touches = !result.IsClear();
+    const gsl_Vector& u = result.direction;
+    py::object travel = py::none();
+    py::object pair = py::none();
+    py::object points = py::none();
+    py::object bound = py::none();
+    if (touches)
+    {
+        travel = py::float_(result.travel);
+        pair = py::make_tuple(result.fixed.triangle, result.movable.triangle);
+        points = py::make_tuple(Point(result.fixed.point), Point(result.movable.point));
+    }
+    if (result.bound != bat_TravelResult::UNLIMITED)
+        bound = py::float_(result.bound);
+    py::tuple sentences(notes.size());
+    for (std::size_t i = 0; i < notes.size(); ++i)
+        sentences[i] = Text(notes[i]);
+    return py::make_tuple(result.StateName(), travel, pair, points, bound, result.tolerance,
+                          py::make_tuple(u.X(), u.Y(), u.Z()),
+                          py::make_tuple(result.degenerate, result.outside), sentences);
+}
+
+py::tuple Travel(const py::object& fixed, const py::object& movable, const py::object& direction,
+                 const py::object& bound, const py::object& progress, const py::object& depth,
+                 const py::object& tree)
+{
+    // The first to come and the last to go: at the interpreter's end nobody may wait for its lock in here.
+    const scr_Running running;
+    const bat_TravelQuestion question = {DirectionOf(direction), BoundOf(bound), TreeOf(tree),
+                                         DepthOf(depth)};
+    const py::object callable = CallableOf(progress);
+    scr_Mesh fixedMesh(fixed, "fixed");
+    scr_Mesh movableMesh(movable, "movable");
+    scr_TravelWatcher watcher(running);
+    try
+    {
+        std::optional<scr_ProgressReporter> reporter;
+        if (!callable.is_none())
+            reporter.emplace(callable, watcher);
+        std::optional<bat_TravelResult> result;
+        {
+            const py::gil_scoped_release others;
+            result = Compute(fixedMesh, movableMesh, question, watcher);
+        }
+        if (result && reporter)
+            reporter->Finish();
+        watcher.RaiseFailure();
+        return Fields(result.value(), watcher.Notes());
+    }
+    catch (const bat_MeshError& error)
+    {
+        watcher.RaiseFailure();
+        Raise(error);
+    }
+}
+}
+
+void scr_RegisterTravel(py::module_& module)
+{
+    module.def("_travel", &Travel);
+}

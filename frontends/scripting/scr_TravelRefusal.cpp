@@ -1,0 +1,48 @@
+#include <scr_Exceptions.h>
+#include <scr_TravelRefusal.h>
+
+namespace py = pybind11;
+
+void scr_TravelRefusal::Type(const std::string& found) const
+{
+    scr_Exceptions::Throw("TypeError", Sentence(found));
+}
+
+void scr_TravelRefusal::Type(py::handle found) const
+{
+    Type(TypeName(found));
+}
+
+void scr_TravelRefusal::Value(const std::string& found) const
+{
+    scr_Exceptions::Throw("ValueError", Sentence(found));
+}
+
+std::string scr_TravelRefusal::TypeName(py::handle object)
+{
+    return Py_TYPE(object.ptr())->tp_name;
+}
+
+std::string scr_TravelRefusal::Shown(py::handle object)
+{
+    constexpr std::size_t LONGEST = 60;
+    const auto text = py::reinterpret_steal<py::object>(PyObject_ASCII(object.ptr()));
+    if (!text)
+        throw py::error_already_set();
+    const auto shown = text.cast<std::string>();
+    return shown.size() <= LONGEST ? shown : shown.substr(0, LONGEST) + "...";
+}
+
+std::string scr_TravelRefusal::Text(py::handle text)
+{
+    const auto bytes =
+        py::reinterpret_steal<py::bytes>(PyUnicode_AsEncodedString(text.ptr(), "utf-8", "backslashreplace"));
+    if (!bytes)
+        throw py::error_already_set();
+    return bytes;
+}
+
+std::string scr_TravelRefusal::Sentence(const std::string& found) const
+{
+    return what_ + ": found " + found + ", expected " + expected_;
+}

@@ -22,7 +22,7 @@ test: ## build everything, run all tests, again under the address and undefined-
 	@scripts/bootstrap build test
 	cmake --preset release
 	cmake --build build/release -j$(JOBS)
-	cmake --preset asan
+	cmake --preset asan -DORVEX_BUILD_PYTHON=OFF
 	cmake --build build/asan -j$(JOBS)
 	$(CTEST) --test-dir build/asan
 	$(CTEST) --test-dir build/release
@@ -33,9 +33,9 @@ bench: ## measure the hot paths against what one would take instead
 	cmake --build build/bench -j$(JOBS)
 	scripts/run-benchmarks build/bench
 
-sanitize: ## the tests under the address, undefined-behaviour and thread sanitizers
+sanitize: ## the tests under the address, undefined-behaviour and thread sanitizers, the Python module's too
 	@scripts/bootstrap build test
-	cmake --preset asan
+	cmake --preset asan -DORVEX_BUILD_PYTHON=ON
 	cmake --build build/asan -j$(JOBS)
 	$(CTEST) --test-dir build/asan
 	cmake --preset tsan

@@ -111,7 +111,8 @@ endfunction()
 
 # orvex_tests(<folder> MODULES ... [LINKS ...]): the program orvex_test_<folder> from every *_test.cpp there.
 # It links the objects of the modules named, so that classes hidden in the shared library are tested too.
-# ORVEX_UNTIMED_FLAGS are options of targets whose speed does not matter: test programs and the Python module.
+# ORVEX_TEST_FLAGS are options of the test programs alone, what they test is compiled without them. All programs share
+# one precompiled header, except with ccache, which keeps nothing that was compiled with one.
 function(orvex_tests folder)
     cmake_parse_arguments(ARG "" "" "MODULES;LINKS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*_test.cpp)
@@ -121,12 +122,19 @@ function(orvex_tests folder)
     set(program orvex_test_${folder})
     add_executable(${program} ${sources})
     orvex_options(${program})
-    target_compile_options(${program} PRIVATE ${ORVEX_UNTIMED_FLAGS})
+    target_compile_options(${program} PRIVATE ${ORVEX_TEST_FLAGS})
     target_link_libraries(${program} PRIVATE orvex_testing GTest::gmock_main OrvexBase KTLOxuProtected ${ARG_LINKS})
     foreach(module IN LISTS ARG_MODULES)
         target_link_libraries(${program} PRIVATE KTLOxu${module})
         target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR}/KTLOxu${module}.m/LocalInterfaces)
     endforeach()
+    if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
+        if(TARGET orvex_test_base AND NOT folder STREQUAL "base")
+            target_precompile_headers(${program} REUSE_FROM orvex_test_base)
+        else()
+            target_precompile_headers(${program} PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
+        endif()
+    endif()
     gtest_discover_tests(${program} TEST_PREFIX ${folder}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
                          PROPERTIES TIMEOUT 600 LABELS ${folder})
 endfunction()

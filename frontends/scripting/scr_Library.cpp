@@ -1,6 +1,7 @@
 #include <KTLOxuGeom.h>
 #include <memory>
 #include <omu_CommandTable.h>
+#include <omu_PrimBool.h>
 #include <omu_SimpleTermShortcutImpl.h>
 #include <scr_ConstantTable.h>
 #include <scr_Library.h>
@@ -22,6 +23,18 @@ public:
 std::unique_ptr<scr_ConstantTable> constants;
 int partsRunning = 0;
 
+// The names that every script has; an application adds those of its own enumerations.
+template <class... Booleans>
+void AddNames(omu_SymbolicConstantTable& table)
+{
+    const auto add = [&table](const omu_EnumEntry* entry) {
+        for (; entry->name != nullptr; ++entry)
+            if (!table.IsMember(entry->name))
+                table.AddString(entry->name);
+    };
+    (add(Booleans::table), ...);
+}
+
 void Stop()
 {
     scr_Running::CancelAll();
@@ -38,9 +51,10 @@ void Stop()
 void scr_Library::Start()
 {
     scr_ScriptObjects::Install();
-    // Before the start, which fills the table.
+    // Before the start, which would make a table that knows no Python.
     constants = std::make_unique<scr_ConstantTable>();
     KTLOxuGeom_initialize(partsRunning);
+    AddNames<omu_OnOffConst, omu_TrueFalseConst, omu_YesNoConst>(*constants);
     omu_CommandTable& table = omu_CommandTable::Instance();
     for (const char* name : {"mdb", "session"})
         if (table.Root(name) == nullptr)

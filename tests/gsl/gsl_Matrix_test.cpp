@@ -76,7 +76,7 @@ TEST(Matrix, IdentityFlagAndEqualityFollowEveryEntry)
         matrix.Set(i / 4, i % 4, unit);
         EXPECT_TRUE(matrix.IsIdentity());
     }
-    const double identity[] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+    const double identity[] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0}; // and one more to shift by
     const std::function<void(gsl_Matrix&, double)> setters[] = {
         [](gsl_Matrix& m, double by) { m.SetTranslation(gsl_Vector(0, by, -0.0)); },
         [](gsl_Matrix& m, double by) { m.SetRotationVectors(X, Y, Z + X * by); },

@@ -310,3 +310,9 @@ def test_values_do_not_leak():
     before = sys.getallocatedblocks()
     traffic()
     assert sys.getallocatedblocks() - before < 100
+
+
+def test_boolean_constants_are_there_from_the_start() -> None:
+    from orvex import FALSE, NO, OFF, ON, TRUE, YES
+
+    assert [str(constant) for constant in (ON, OFF, TRUE, FALSE, YES, NO)] == "ON OFF TRUE FALSE YES NO".split()

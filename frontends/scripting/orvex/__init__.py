@@ -38,7 +38,6 @@ from ._errors import (
 )
 from ._orvex import Array, Command, Method, Object, Path, SymbolicConstant, Type, Value
 from ._travel import MeshError, TravelResult, travel
-from ._travel import MeshError, TravelResult, travel
 
 # Not the errors whose names Python has too: "from orvex import *" leaves those alone.
 __all__ = [

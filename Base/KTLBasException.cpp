@@ -1,46 +1,33 @@
 #include <KTLBasException.h>
 #include <atr_SubstituteFormat.h>
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 
 namespace
 {
-// Stored order: append only. A retired field keeps its index.
-enum Field { MESSAGE, CODE, SOURCE, LINE, TRACEBACK };
-constexpr cls_FieldHandle FIELDS[] = {{MESSAGE, "m_Message"},
-                                      {CODE, "m_Code"},
-                                      {SOURCE, "m_Source"},
-                                      {LINE, "m_Line"},
-                                      {TRACEBACK, "m_Traceback"}};
 constexpr unsigned LAYOUT_RELEASE = 800;
+}
+
+constexpr auto KTLBasException::Fields()
+{
+    return cls_Fields(
+        cls_Field{"m_Message", &KTLBasException::message_}, cls_Field{"m_Code", &KTLBasException::code_},
+        cls_Field{"m_Source", &KTLBasException::source_}, cls_Field{"m_Line", &KTLBasException::line_},
+        cls_Field{"m_Traceback", &KTLBasException::traceback_});
 }
 
 void KTLBasException::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta =
-        registrar.Create("KTLBasException", TypeId(), LAYOUT_RELEASE,
-                         cls_TypeAdapter<KTLBasException>::Instance(), cls_UniversalRoot);
-    const auto add = [&meta](Field field, cls_AttributeType type) {
-        meta.AddAttribute(FIELDS[field], type, cls_UniversalRoot, cls_CollectionType::SINGLE);
-    };
-    add(MESSAGE, cls_AttributeType::MESSAGE);
-    add(CODE, cls_AttributeType::INT);
-    add(SOURCE, cls_AttributeType::STRING);
-    add(LINE, cls_AttributeType::INT);
-    add(TRACEBACK, cls_AttributeType::STRING);
+    Fields().Declare(registrar.Create("KTLBasException", TypeId(), LAYOUT_RELEASE,
+                                      cls_TypeAdapter<KTLBasException>::Instance(), cls_UniversalRoot));
 }
 
 KTLBasException::KTLBasException() = default;
 KTLBasException::KTLBasException(const atr_String& message, int code) : message_(message), code_(code) {}
 KTLBasException::KTLBasException(const cls_ReadVisitor& reader) : uid_(reader.Uid())
 {
-    reader.ReadMessage(FIELDS[MESSAGE], message_);
-    reader.ReadInt(FIELDS[CODE], code_);
-    reader.ReadString(FIELDS[SOURCE], source_);
-    reader.ReadInt(FIELDS[LINE], line_);
-    reader.ReadString(FIELDS[TRACEBACK], traceback_);
+    Fields().Read(reader, *this);
 }
 KTLBasException::KTLBasException(const KTLBasException&) = default;
 KTLBasException& KTLBasException::operator=(const KTLBasException&) = default;
@@ -112,11 +99,7 @@ void KTLBasException::DBWrite(const cls_WriteVisitor& writer) const
 {
     if (!writer.Announce(TypeId(), uid_))
         return;
-    writer.WriteMessage(FIELDS[MESSAGE], message_);
-    writer.WriteInt(FIELDS[CODE], code_);
-    writer.WriteString(FIELDS[SOURCE], source_);
-    writer.WriteInt(FIELDS[LINE], line_);
-    writer.WriteString(FIELDS[TRACEBACK], traceback_);
+    Fields().Write(writer, *this);
 }
 
 void KTLBasException::SetTraceback(cow_String traceback)

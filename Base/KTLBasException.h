@@ -71,6 +71,8 @@ protected:
     void SetMessage(const atr_String& message) { message_ = message; }
 
 private:
+    static constexpr auto Fields();
+
     cls_Uid uid_;
     atr_String message_;
     int code_ = 0;

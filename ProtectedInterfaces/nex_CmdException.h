@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cls_FieldHandle.h>
 #include <nex_CommandException.h>
 #include <oxu_Export.h>
 #include <type_traits>
@@ -43,7 +42,8 @@ public:
     const char* PythonType() const override { return Traits::PYTHON_TYPE; }
 
 private:
-    static constexpr cls_FieldHandle VALUE = {0, "m_Value"};
+    static constexpr auto Fields();
+
     static constexpr unsigned LAYOUT_RELEASE = 800;
 
     T m_Value{};

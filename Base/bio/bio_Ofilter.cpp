@@ -9,6 +9,7 @@ static_assert(sizeof(float) == 4 && sizeof(double) == 8, "IEEE single and double
 namespace
 {
 constexpr bool NATIVE_ORDER = std::endian::native == std::endian::little;
+constexpr std::size_t LONG_RUN = 65536;
 
 template <class U>
 void Encode(unsigned char* at, U bits)
@@ -91,6 +92,9 @@ void bio_Ofilter::WriteRaw(const void* bytes, std::size_t count)
 {
     if (count == 0)
         return;
+    // A long run comes with room for what follows it, which would else move all of it.
+    if (count > LONG_RUN && count > bytes_.capacity() - bytes_.size())
+        bytes_.reserve(bytes_.size() + count + count / 8);
     const auto* first = static_cast<const unsigned char*>(bytes);
     bytes_.insert(bytes_.end(), first, first + count);
 }

@@ -46,7 +46,15 @@ public:
     const std::vector<unsigned char>& Bytes() const { return bytes_; }
     /// Gives the bytes away and begins anew.
     std::vector<unsigned char> Take();
+    /// Begins anew in the room that there is.
+    void Clear() noexcept { bytes_.clear(); }
+
+    /// For who met a failure where nothing can be thrown (a destructor): the bytes are not all there. The
+    /// stream goes on as before; its owner asks Failed() in the end.
+    void MarkFailed() noexcept { failed_ = true; }
+    [[nodiscard]] bool Failed() const noexcept { return failed_; }
 
 private:
     std::vector<unsigned char> bytes_;
+    bool failed_ = false;
 };

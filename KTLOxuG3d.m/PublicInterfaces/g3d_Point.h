@@ -1,50 +1,15 @@
 #pragma once
 
-#include <cls_Persistent.h>
-#include <cls_TypeId.h>
-#include <oxu_Export.h>
+#include <g3d_Triple.h>
 
-class cls_ClassRegistrar;
-class cls_ReadVisitor;
-class cls_WriteVisitor;
-
-/// A point of the 3D view, in single precision, as the view's pipeline holds it.
-///
-/// A value without an identity: equality is exact, component by component.
-class OXU_EXPORT g3d_Point : public cls_Persistent
+/// A point of the 3D view.
+class OXU_EXPORT g3d_Point : public g3d_Triple<g3d_Point>
 {
 public:
+    static constexpr const char* NAME = "g3d_Point";
     static constexpr unsigned TypeId() noexcept { return cls_MakeTypeId(0x24, 2); }
-    virtual unsigned DynTypeId() const { return TypeId(); }
-    static void InitializeMetadata(cls_ClassRegistrar& registrar);
-    /// Frees a body that cow_ handles share.
-    static void CowDtor(void* body);
 
-    /// The origin.
-    g3d_Point() = default;
-    g3d_Point(float x, float y, float z) : x_(x), y_(y), z_(z) {}
-    explicit g3d_Point(const cls_ReadVisitor& reader);
-
-    void Set(float x, float y, float z) noexcept
-    {
-        x_ = x;
-        y_ = y;
-        z_ = z;
-    }
-
-    float X() const noexcept { return x_; }
-    float Y() const noexcept { return y_; }
-    float Z() const noexcept { return z_; }
-
-    virtual void DBWrite(const cls_WriteVisitor& writer) const;
-
-    friend bool operator==(const g3d_Point& a, const g3d_Point& b) noexcept
-    {
-        return a.x_ == b.x_ && a.y_ == b.y_ && a.z_ == b.z_;
-    }
-
-private:
-    float x_ = 0.0f;
-    float y_ = 0.0f;
-    float z_ = 0.0f;
+    using g3d_Triple::g3d_Triple;
 };
+
+extern template class g3d_Triple<g3d_Point>;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace testing_oracle
 {
@@ -10,7 +9,19 @@ namespace
 {
 using Seen3 = std::array<long double, 3>;
 
-constexpr long double NONE = std::numeric_limits<long double>::infinity();
+// How far beside the line rounding alone can put a candidate.
+constexpr long double ROUNDING = 1e-15L;
+
+Seen3 Cross(const Seen3& a, const Seen3& b)
+{
+    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+
+Seen3 Unit(const Seen3& v)
+{
+    const long double length = std::hypot(v[0], v[1], v[2]);
+    return {v[0] / length, v[1] / length, v[2] / length};
+}
 
 // One candidate: a convex combination of the nine points, given by its place across and its height.
 struct Extremes
@@ -22,13 +33,9 @@ struct Extremes
     {
         if (across1 * across1 + across2 * across2 > reach2)
             return;
-        if (!interval.meets)
-        {
-            interval = {true, height, height};
-            return;
-        }
-        interval.first = std::min(interval.first, height);
-        interval.last = std::max(interval.last, height);
+        interval.first = interval.meets ? std::min(interval.first, height) : height;
+        interval.last = interval.meets ? std::max(interval.last, height) : height;
+        interval.meets = true;
     }
 };
 
@@ -53,72 +60,24 @@ void OfferTriangle(Extremes& extremes, const Seen3& p, const Seen3& q, const See
     const long double wq = r[0] * p[1] - r[1] * p[0];
     const long double wr = p[0] * q[1] - p[1] * q[0];
     const long double total = wp + wq + wr;
-    if (total == 0)
-        return;
-    long double a = wp / total;
-    long double b = wq / total;
-    long double c = wr / total;
-    if (!(a >= 0 && b >= 0 && c >= 0))
-        return; // an edge is nearest then
-    extremes.Offer(a * p[0] + b * q[0] + c * r[0], a * p[1] + b * q[1] + c * r[1],
-                   a * p[2] + b * q[2] + c * r[2]);
-}
-
-// First contact travel of an interval: what lies behind is none, what crosses at the start is 0.
-long double Travel(const Interval& interval)
-{
-    if (!interval.meets || interval.last < 0)
-        return NONE;
-    return std::max(interval.first, 0.0L);
-}
-
-void Lower(Contact& contact, long double& best, long double travel)
-{
-    if (travel < best)
-    {
-        best = travel;
-        contact = {true, static_cast<double>(travel)};
-    }
-}
-
-// How far beside the line rounding alone can put a candidate.
-long double RoundingReach(const std::vector<Triangle>& fixed, const std::vector<Triangle>& movable)
-{
-    double scale = 0;
-    for (const auto* set : {&fixed, &movable})
-        for (const Triangle& triangle : *set)
-            for (const Point& p : triangle)
-                for (double c : p)
-                    scale = std::max(scale, std::fabs(c));
-    return 1e-17L * scale;
-}
-
-Point Sum(const Point& a, const Point& b, double factor)
-{
-    return {a[0] + factor * b[0], a[1] + factor * b[1], a[2] + factor * b[2]};
+    const long double a = wp / total;
+    const long double b = wq / total;
+    const long double c = wr / total;
+    if (total != 0 && a >= 0 && b >= 0 && c >= 0) // else an edge is nearest
+        extremes.Offer(a * p[0] + b * q[0] + c * r[0], a * p[1] + b * q[1] + c * r[1],
+                       a * p[2] + b * q[2] + c * r[2]);
 }
 }
 
 Frame::Frame(const Point& direction)
 {
-    Seen3 u{direction[0], direction[1], direction[2]};
-    const long double length = std::sqrt(u[0] * u[0] + u[1] * u[1] + u[2] * u[2]);
-    for (long double& c : u)
-        c /= length;
+    const Seen3 u = Unit({direction[0], direction[1], direction[2]});
     // The axis that the direction leans on least starts a right-handed frame.
-    std::size_t least = 0;
-    for (std::size_t i = 1; i < 3; ++i)
-        if (std::fabs(u[i]) < std::fabs(u[least]))
-            least = i;
     Seen3 e{};
-    e[least] = 1;
-    Seen3 first{e[1] * u[2] - e[2] * u[1], e[2] * u[0] - e[0] * u[2], e[0] * u[1] - e[1] * u[0]};
-    const long double size = std::sqrt(first[0] * first[0] + first[1] * first[1] + first[2] * first[2]);
-    for (long double& c : first)
-        c /= size;
-    const Seen3 second{u[1] * first[2] - u[2] * first[1], u[2] * first[0] - u[0] * first[2],
-                       u[0] * first[1] - u[1] * first[0]};
-    axes_ = {first, second, u};
+    const auto lessAlong = [](long double a, long double b) { return std::fabs(a) < std::fabs(b); };
+    *std::next(e.begin(), std::min_element(u.begin(), u.end(), lessAlong) - u.begin()) = 1;
+    const Seen3 first = Unit(Cross(e, u));
+    axes_ = {first, Cross(u, first), u};
 }
 
 std::array<long double, 3> Frame::Seen(const Point& p) const
@@ -134,15 +93,14 @@ Interval MeetingInterval(const Frame& frame, const Triangle& movable, const Tria
 {
     std::array<Seen3, 9> points{};
     for (std::size_t i = 0; i < 3; ++i)
-    {
         for (std::size_t j = 0; j < 3; ++j)
         {
             Seen3& p = points[3 * i + j];
-            p = frame.Seen(Sum(fixed[j], movable[i], -1));
+            p = frame.Seen(
+                {fixed[j][0] - movable[i][0], fixed[j][1] - movable[i][1], fixed[j][2] - movable[i][2]});
             p[0] -= across1;
             p[1] -= across2;
         }
-    }
     for (std::size_t axis = 0; axis < 2; ++axis)
     {
         const auto [low, high] =
@@ -153,75 +111,29 @@ Interval MeetingInterval(const Frame& frame, const Triangle& movable, const Tria
     }
     Extremes extremes{reach * reach, {}};
     for (std::size_t i = 0; i < 9; ++i)
-    {
         for (std::size_t j = i + 1; j < 9; ++j)
         {
             OfferSegment(extremes, points[i], points[j]);
             for (std::size_t k = j + 1; k < 9; ++k)
                 OfferTriangle(extremes, points[i], points[j], points[k]);
         }
-    }
     return extremes.interval;
 }
 
 Contact FirstContact(const std::vector<Triangle>& fixed, const std::vector<Triangle>& movable,
-                     const Point& direction)
+                     const Point& direction, long double across1, long double across2)
 {
     const Frame frame(direction);
-    const long double reach = RoundingReach(fixed, movable);
     Contact contact;
-    long double best = NONE;
     for (const Triangle& f : fixed)
-        for (const Triangle& m : movable)
-            Lower(contact, best, Travel(MeetingInterval(frame, m, f, 0, 0, reach)));
-    return contact;
-}
-
-Bracket ContactBracket(const std::vector<Triangle>& fixed, const std::vector<Triangle>& movable,
-                       const Point& direction, double margin)
-{
-    const Frame frame(direction);
-    const long double reach = RoundingReach(fixed, movable);
-    constexpr int DIRECTIONS = 16;
-    std::array<std::array<long double, 2>, DIRECTIONS> ring{};
-    for (int i = 0; i < DIRECTIONS; ++i)
-    {
-        const long double angle = 6.283185307179586476925L * i / DIRECTIONS;
-        ring[static_cast<std::size_t>(i)] = {margin * std::cos(angle), margin * std::sin(angle)};
-    }
-
-    Bracket bracket;
-    long double bestGrown = NONE;
-    long double bestShrunk = NONE;
-    for (const Triangle& f : fixed)
-    {
         for (const Triangle& m : movable)
         {
-            Interval grown = MeetingInterval(frame, m, f, 0, 0, 2 * margin);
-            if (!grown.meets)
-                continue;
-            Interval shrunk = MeetingInterval(frame, m, f, 0, 0, reach);
-            for (const auto& [across1, across2] : ring)
-            {
-                const Interval beside = MeetingInterval(frame, m, f, across1, across2, reach);
-                if (beside.meets)
-                {
-                    grown.first = std::min(grown.first, beside.first);
-                    grown.last = std::max(grown.last, beside.last);
-                }
-                shrunk.meets = shrunk.meets && beside.meets;
-                shrunk.first = std::max(shrunk.first, beside.first);
-                shrunk.last = std::min(shrunk.last, beside.last);
-            }
-            grown.first -= margin;
-            grown.last += margin;
-            Lower(bracket.grown, bestGrown, Travel(grown));
-            // A flat pair (first == last) is met on the way however small the parts are; only what ends
-            // before the start, within the margin, is lost by shrinking.
-            if (shrunk.meets && shrunk.last >= margin)
-                Lower(bracket.shrunk, bestShrunk, std::max(shrunk.first + margin, 0.0L));
+            // What lies behind is none, what crosses at the start is 0.
+            const Interval interval = MeetingInterval(frame, m, f, across1, across2, ROUNDING);
+            const double travel = std::max(static_cast<double>(interval.first), 0.0);
+            if (interval.meets && interval.last >= 0 && (!contact.found || travel < contact.travel))
+                contact = {true, travel};
         }
-    }
-    return bracket;
+    return contact;
 }
 }

@@ -47,18 +47,9 @@ struct Contact
     double travel = 0;
 };
 
-/// The answer for the parts as they are.
+/// The answer for the parts as they are, or with the movable one displaced across the direction. Answers for
+/// small displacements decide sets that only graze, where the last bit of a coordinate settles whether there
+/// is contact: every answer between the earliest and the latest is right then.
 Contact FirstContact(const std::vector<Triangle>& fixed, const std::vector<Triangle>& movable,
-                     const Point& direction);
-
-/// The answers for parts grown and shrunk by `margin` on every side. They decide sets that only graze, where
-/// the last bit of a coordinate settles whether there is contact: every answer between the two is right then.
-struct Bracket
-{
-    Contact grown;
-    Contact shrunk;
-};
-
-Bracket ContactBracket(const std::vector<Triangle>& fixed, const std::vector<Triangle>& movable,
-                       const Point& direction, double margin);
+                     const Point& direction, long double across1 = 0, long double across2 = 0);
 }

@@ -5,7 +5,6 @@
 #include <gsl_Vector.h>
 #include <gtest/gtest.h>
 #include <iomanip>
-#include <ostream>
 #include <random>
 
 namespace geometry
@@ -45,16 +44,12 @@ public:
     {
         return {Number(-reach, reach), Number(-reach, reach), Number(-reach, reach)};
     }
-    /// Evenly over the sphere: from a cube, corners thrown away.
-    gsl_Vector Unit()
+    gsl_Vector Unit() ///< evenly over the sphere
     {
-        for (;;)
-        {
-            const gsl_Point p = Point(1);
-            const double length = std::sqrt(p.X() * p.X() + p.Y() * p.Y() + p.Z() * p.Z());
-            if (length > 0.1 && length <= 1.0)
-                return {p.X() / length, p.Y() / length, p.Z() / length};
-        }
+        std::normal_distribution<double> normal;
+        const double c[] = {normal(engine_), normal(engine_), normal(engine_)};
+        const double length = std::hypot(c[0], c[1], c[2]);
+        return {c[0] / length, c[1] / length, c[2] / length};
     }
     geometry::Frame Frame()
     {
@@ -72,28 +67,20 @@ private:
     std::mt19937_64 engine_;
 };
 
-inline testing::AssertionResult Near(const gsl_Vector& a, const gsl_Vector& b, double tolerance)
+template <class T>
+testing::AssertionResult Near(const T& a, const T& b, double tolerance)
 {
     const double apart = std::hypot(a.X() - b.X(), a.Y() - b.Y(), a.Z() - b.Z());
     if (apart <= tolerance)
         return testing::AssertionSuccess();
-    testing::AssertionResult failure = testing::AssertionFailure();
-    return failure << std::setprecision(17) << "(" << a.X() << ", " << a.Y() << ", " << a.Z() << ") and ("
-                   << b.X() << ", " << b.Y() << ", " << b.Z() << ") are " << apart << " apart, allowed "
-                   << tolerance;
-}
-
-inline testing::AssertionResult Near(const gsl_Point& a, const gsl_Point& b, double tolerance)
-{
-    return Near(gsl_Vector(a), gsl_Vector(b), tolerance);
+    return testing::AssertionFailure()
+           << std::setprecision(17) << "(" << a.X() << ", " << a.Y() << ", " << a.Z() << ") and (" << b.X()
+           << ", " << b.Y() << ", " << b.Z() << ") are " << apart << " apart, allowed " << tolerance;
 }
 
 /// The same bits, zero signs aside.
-inline testing::AssertionResult Same(const gsl_Vector& a, const gsl_Vector& b)
-{
-    return Near(a, b, 0.0);
-}
-inline testing::AssertionResult Same(const gsl_Point& a, const gsl_Point& b)
+template <class T>
+testing::AssertionResult Same(const T& a, const T& b)
 {
     return Near(a, b, 0.0);
 }

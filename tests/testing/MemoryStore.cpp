@@ -15,6 +15,7 @@ using Field = cls_FieldHandle;
 using Type = cls_AttributeType;
 using Code = cls_CollectionType;
 using Elements = decltype(MemoryList::elements);
+using References = std::vector<MemoryReference>;
 
 const cls_ClassRegistrar& Registrar()
 {
@@ -39,40 +40,32 @@ std::string Number(T value)
               __LINE__);
 }
 
-template <class T>
-cow_List<T> Copied(std::span<const T> values)
-{
-    return cow_List<T>::FromArray(values.data(), static_cast<int>(values.size()));
-}
-
 template <class Result>
 Result CopyOf(const auto& spans)
 {
-    return std::visit([](const auto& values) { return Result(Copied(values)); }, spans);
+    const auto copy = []<class T>(std::span<const T> values) -> Result {
+        return cow_List<T>::FromArray(values.data(), static_cast<int>(values.size()));
+    };
+    return std::visit(copy, spans);
 }
 
 // Fills one object of the store; each part has a writer of its own.
 class Writer : public cls_WriteVisitor
 {
 public:
-    Writer(MemoryStore& store, std::vector<MemoryPart>& parts) : store_(store), parts_(parts) {}
+    explicit Writer(MemoryStore& store) : store_(store) {}
 
     bool Announce(unsigned typeId, const cls_Uid& uid) const override
     {
-        if (part_.typeId != 0)
-            throw std::logic_error("MemoryStore: a part is announced twice");
+        const cls_ClassMetadata* record = Registrar().Find(typeId);
         part_.typeId = typeId;
+        part_.version = record != nullptr ? record->Version() : 0;
         part_.uid = uid;
-        if (const cls_ClassMetadata* record = Registrar().Find(typeId))
-            part_.version = record->Version();
         return true;
     }
     const cls_WriteVisitor& BaseWriter() const override
     {
-        if (part_.typeId == 0)
-            throw std::logic_error("MemoryStore: a base part is written before the class is announced");
-        if (!base_)
-            base_ = std::make_unique<Writer>(store_, parts_);
+        base_ = std::make_unique<Writer>(store_);
         return *base_;
     }
 
@@ -91,13 +84,12 @@ public:
         Add(field, Type::ENUM, name);
     }
 
-    // Appends this part behind the parts of its bases, when DBWrite has returned.
-    void Finish() const
+    // The parts, those of the bases first, when DBWrite has returned.
+    void Finish(std::vector<MemoryPart>& parts) const
     {
         if (base_)
-            base_->Finish();
-        if (part_.typeId != 0)
-            parts_.push_back(part_);
+            base_->Finish(parts);
+        parts.push_back(part_);
     }
 
 protected:
@@ -107,64 +99,54 @@ protected:
     }
     void PutList(const Field& field, const cls_PrimSpan& elements, int columns) const override
     {
-        AddList(field, cls_ListCode(elements), CopyOf<Elements>(elements), {}, columns);
+        Add(field, Type::OBJECT, MemoryList{CopyOf<Elements>(elements), columns}, cls_ListCode(elements));
     }
     void PutObjectList(const Field& field, std::span<const cls_ObjectSource> objects) const override
     {
-        AddList(field, Code::LIST_OBJ, References(objects));
+        Add(field, Type::OBJECT, MemoryList{Written(objects)}, Code::LIST_OBJ);
     }
     void PutMap(const Field& field, const cls_KeySpan& keys, const cls_PrimSpan& values) const override
     {
-        AddList(field, cls_MapCode(keys, values), CopyOf<Elements>(values), CopyOf<MemoryKeys>(keys));
+        Add(field, Type::OBJECT, MemoryList{CopyOf<Elements>(values), 1, CopyOf<MemoryKeys>(keys)},
+            cls_MapCode(keys, values));
     }
     void PutObjectMap(const Field& field, const cls_KeySpan& keys,
                       std::span<const cls_ObjectSource> objects) const override
     {
-        AddList(field, cls_ObjectMapCode(keys), References(objects), CopyOf<MemoryKeys>(keys));
+        Add(field, Type::OBJECT, MemoryList{Written(objects), 1, CopyOf<MemoryKeys>(keys)},
+            cls_ObjectMapCode(keys));
     }
 
 private:
     void Add(const Field& field, Type type, MemoryValue value, Code collection = Code::SINGLE) const
     {
-        if (part_.typeId == 0)
-            throw std::logic_error("MemoryStore: an attribute is written before the class is announced");
-        if (part_.Find(field.name) != nullptr)
-            throw std::logic_error(std::string("MemoryStore: written twice: ") + field.name);
         part_.attributes.push_back({field.name, type, collection, std::move(value)});
     }
-    void AddList(const Field& field, Code code, Elements elements, std::optional<MemoryKeys> keys = {},
-                 int columns = 1) const
+    References Written(std::span<const cls_ObjectSource> objects) const
     {
-        Add(field, Type::OBJECT, MemoryList{std::move(elements), columns, std::move(keys)}, code);
-    }
-    std::vector<MemoryReference> References(std::span<const cls_ObjectSource> objects) const
-    {
-        std::vector<MemoryReference> references;
+        References references;
         for (const cls_ObjectSource& object : objects)
             references.push_back({store_.WriteSource(object)});
         return references;
     }
 
     MemoryStore& store_;
-    std::vector<MemoryPart>& parts_;
     mutable MemoryPart part_;
     mutable std::unique_ptr<Writer> base_;
 };
 
-// What the readers of one reading share: what sinks left for later references, and which objects are under
-// construction.
+// What the readers of one reading share: what sinks left for later references.
 struct Reading
 {
     const MemoryStore& store;
-    std::map<int, std::any> shared;
-    std::map<int, bool> open;
+    std::map<int, std::any> shared = {};
 };
 
 // Reads one part of an object: the first `depth` parts are it and its bases; none where that is 0 or less.
 class PartReader : public cls_ReadVisitor
 {
 public:
-    PartReader(std::shared_ptr<Reading> reading, int number, int depth)
+    PartReader(std::shared_ptr<Reading> reading, int number, std::ptrdiff_t depth)
         : reading_(std::move(reading)), number_(number), depth_(depth)
     {
         if (depth > 0)
@@ -176,8 +158,7 @@ public:
     cls_Uid Uid() const override { return part_->uid; }
     const cls_ReadVisitor& BaseReader() const override
     {
-        if (!base_)
-            base_ = std::make_unique<PartReader>(reading_, number_, depth_ - 1);
+        base_ = std::make_unique<PartReader>(reading_, number_, depth_ - 1);
         return *base_;
     }
 
@@ -189,16 +170,12 @@ public:
     bool ReadString(const Field& f, cow_String& value) const override { return Get(f, Type::STRING, value); }
     bool ReadMessage(const Field& field, atr_String& value) const override
     {
-        cow_String text;
+        cow_String text = value;
         const bool present = Get(field, Type::MESSAGE, text);
-        if (present)
-            value = atr_String(text);
+        value = present ? atr_String(text) : value;
         return present;
     }
-    bool ReadEnum(const Field& field, cow_String& name) const override
-    {
-        return Get(field, Type::ENUM, name);
-    }
+    bool ReadEnum(const Field& f, cow_String& name) const override { return Get(f, Type::ENUM, name); }
 
     // By type id through the registered adapter, or through `fallback` where the class is not registered.
     static std::unique_ptr<cls_Persistent> Create(const std::shared_ptr<Reading>& reading, int number,
@@ -209,10 +186,7 @@ public:
         const cls_AdapterBase* adapter = record != nullptr ? record->Adapter() : fallback;
         if (adapter == nullptr)
             Refuse("class " + NameOf(parts.back().typeId) + " is not known");
-        reading->open[number] = true; // for good where the constructor throws: that ends the reading
-        auto object = adapter->Create(PartReader(reading, number, static_cast<int>(parts.size())));
-        reading->open[number] = false;
-        return object;
+        return adapter->Create(PartReader(reading, number, std::ssize(parts)));
     }
 
 protected:
@@ -226,9 +200,8 @@ protected:
     bool GetList(const Field& field, const cls_PrimSink& elements, int& columns) const override
     {
         const auto* list = Find<MemoryList>(field, Type::OBJECT, cls_ListCode(elements));
-        if (list != nullptr)
-            columns = list->columns;
-        return Fill(list, elements);
+        columns = list != nullptr ? list->columns : columns;
+        return list != nullptr && Fill(list->elements, elements);
     }
     bool GetObjectList(const Field& field, cls_ObjectSink& sink) const override
     {
@@ -237,12 +210,12 @@ protected:
     bool GetMap(const Field& field, const cls_KeySink& keys, const cls_PrimSink& values) const override
     {
         const auto* map = Find<MemoryList>(field, Type::OBJECT, cls_MapCode(keys, values));
-        return FillKeys(map, keys) && Fill(map, values);
+        return map != nullptr && Fill(*map->keys, keys) && Fill(map->elements, values);
     }
     bool GetObjectMap(const Field& field, const cls_KeySink& keys, cls_ObjectSink& sink) const override
     {
         const auto* map = Find<MemoryList>(field, Type::OBJECT, cls_ObjectMapCode(keys));
-        return FillKeys(map, keys) && TakeAll(map, sink);
+        return map != nullptr && Fill(*map->keys, keys) && TakeAll(map, sink);
     }
 
 private:
@@ -252,73 +225,49 @@ private:
         const MemoryAttribute* found = part_->Find(field.name);
         if (found == nullptr)
             return nullptr;
-        const auto held = static_cast<unsigned>(found->type);
-        const auto code = static_cast<unsigned>(found->collection);
-        if (found->type != type)
-            Refuse("attribute " + found->name + " has type " + Number(held) + ", expected " +
-                   Number(static_cast<unsigned>(type)));
-        if (!cls_CollectionsMatch(found->collection, collection))
-            Refuse("attribute " + found->name + " has collection " + Number(code) + ", expected " +
-                   Number(static_cast<unsigned>(collection)));
+        if (found->type != type || !cls_CollectionsMatch(found->collection, collection))
+            Refuse("attribute " + found->name + " has another type");
         return &std::get<T>(found->value);
     }
     template <class T>
     bool Get(const Field& field, Type type, T& value) const
     {
         const T* found = Find<T>(field, type, Code::SINGLE);
-        if (found != nullptr)
-            value = *found;
+        value = found != nullptr ? *found : value;
         return found != nullptr;
     }
-    static bool Fill(const MemoryList* from, const cls_PrimSink& sink)
+    static bool Fill(const auto& from, const auto& sink)
     {
-        if (from != nullptr)
-            std::visit(
-                [&](auto* to) { *to = std::get<std::remove_reference_t<decltype(*to)>>(from->elements); },
-                sink);
-        return from != nullptr;
-    }
-    static bool FillKeys(const MemoryList* from, const cls_KeySink& sink)
-    {
-        if (from != nullptr)
-            std::visit([&](auto* to) { *to = std::get<std::remove_reference_t<decltype(*to)>>(*from->keys); },
-                       sink);
-        return from != nullptr;
+        std::visit([&](auto* to) { *to = std::get<std::remove_reference_t<decltype(*to)>>(from); }, sink);
+        return true;
     }
     bool TakeAll(const MemoryList* from, cls_ObjectSink& sink) const
     {
         if (from != nullptr)
-            for (const MemoryReference object : std::get<std::vector<MemoryReference>>(from->elements))
+            for (const MemoryReference object : std::get<References>(from->elements))
                 Take(object.number, sink);
         return from != nullptr;
     }
     void Take(int number, cls_ObjectSink& sink) const
     {
         const unsigned declared = sink.DeclaredTypeId();
+        if (number == 0 && !sink.TakeNull())
+            Refuse("a null reference where " + NameOf(declared) + " is held by value");
         if (number == 0)
-        {
-            if (!sink.TakeNull())
-                Refuse("a null reference where " + NameOf(declared) + " is held by value");
             return;
-        }
-        const std::string object = "object #" + Number(number);
         const unsigned typeId = reading_->store.LastPart(number).typeId;
-        if (!Registrar().InheritanceCheck(typeId, declared))
-            Refuse(object + " is a " + NameOf(typeId) + ", not a " + NameOf(declared));
-        if (reading_->open[number])
-            Refuse(object + " is part of a cyclic reference");
         std::any& shared = reading_->shared[number];
         const cls_AdapterBase* fallback = typeId == declared ? sink.DeclaredAdapter() : nullptr;
-        const bool taken = shared.has_value() ? sink.TakeShared(shared)
-                                              : sink.TakeNew(Create(reading_, number, fallback), shared);
-        if (!taken)
-            Refuse(object + " cannot be held as a " + NameOf(declared));
+        if (!Registrar().InheritanceCheck(typeId, declared) ||
+            !(shared.has_value() ? sink.TakeShared(shared)
+                                 : sink.TakeNew(Create(reading_, number, fallback), shared)))
+            Refuse("object #" + Number(number) + " cannot be held as a " + NameOf(declared));
     }
 
     static inline const MemoryPart none_ = {};
     std::shared_ptr<Reading> reading_;
     int number_;
-    int depth_;
+    std::ptrdiff_t depth_;
     const MemoryPart* part_ = &none_;
     mutable std::unique_ptr<PartReader> base_;
 };
@@ -328,55 +277,44 @@ struct Describer
 {
     std::string operator()(bool value) const { return value ? "true" : "false"; }
     std::string operator()(char value) const { return std::string("'") + value + "'"; }
-    template <class T>
-    requires std::is_arithmetic_v<T> std::string operator()(T value) const { return Number(value); }
     std::string operator()(const cow_String& text) const { return "'" + std::string(text.View()) + "'"; }
+    std::string operator()(auto value) const { return Number(value); }
     std::string operator()(MemoryReference object) const
     {
         return object.number == 0 ? "null" : "#" + Number(object.number);
     }
     std::string operator()(const MemoryList& list) const
     {
-        const std::vector<std::string> texts = Texts(list.elements);
-        const std::vector<std::string> keys = list.keys ? Texts(*list.keys) : std::vector<std::string>();
+        std::vector<std::string> texts;
+        const auto describe = [&](const auto& items) {
+            texts.clear();
+            for (const auto& item : items)
+                texts.push_back((*this)(item));
+        };
+        if (list.keys)
+            std::visit(describe, *list.keys);
+        const std::vector<std::string> keys = texts;
+        std::visit(describe, list.elements);
         std::string joined;
         for (std::size_t i = 0; i < texts.size(); ++i)
             joined += (i > 0 ? ", " : "") + (list.keys ? keys.at(i) + ": " : "") + texts[i];
         if (list.keys)
             return "{" + joined + "}";
-        const bool ofObjects = std::holds_alternative<std::vector<MemoryReference>>(list.elements);
+        const bool ofObjects = std::holds_alternative<References>(list.elements);
         return "[" + joined + "]" + (ofObjects ? "" : " columns " + Number(list.columns));
-    }
-
-private:
-    std::vector<std::string> Texts(const auto& lists) const
-    {
-        std::vector<std::string> texts;
-        const auto describe = [&](const auto& item) { texts.push_back((*this)(item)); };
-        std::visit([&](const auto& list) { std::for_each(list.begin(), list.end(), describe); }, lists);
-        return texts;
     }
 };
 
-std::string TypeName(Type type)
-{
-    static const std::map<Type, const char*> NAMES = {
-        {Type::CHAR, "CHAR"},     {Type::INT, "INT"},       {Type::FLOAT, "FLOAT"},
-        {Type::DOUBLE, "DOUBLE"}, {Type::STRING, "STRING"}, {Type::MESSAGE, "MESSAGE"},
-        {Type::BOOL, "BOOL"},     {Type::ENUM, "ENUM"},     {Type::OBJECT, "OBJECT"}};
-    return NAMES.at(type);
+const std::map<Type, const char*> TYPE_NAMES = {
+    {Type::CHAR, "CHAR"},     {Type::INT, "INT"},       {Type::FLOAT, "FLOAT"},
+    {Type::DOUBLE, "DOUBLE"}, {Type::STRING, "STRING"}, {Type::MESSAGE, "MESSAGE"},
+    {Type::BOOL, "BOOL"},     {Type::ENUM, "ENUM"},     {Type::OBJECT, "OBJECT"}};
 }
 
-template <class Attributes>
-auto Place(Attributes& attributes, const std::string& name)
+MemoryAttribute* MemoryPart::Find(const std::string& name)
 {
-    return std::find_if(attributes.begin(), attributes.end(), [&](const auto& a) { return a.name == name; });
-}
-}
-
-const MemoryAttribute* MemoryPart::Find(const std::string& name) const
-{
-    const auto place = Place(attributes, name);
+    const auto place =
+        std::find_if(attributes.begin(), attributes.end(), [&](const auto& a) { return a.name == name; });
     return place != attributes.end() ? &*place : nullptr;
 }
 
@@ -389,12 +327,8 @@ void MemoryPart::Drop(const std::string& name)
 void MemoryPart::Set(const std::string& name, cls_AttributeType type, MemoryValue value,
                      cls_CollectionType collection)
 {
-    const auto place = Place(attributes, name);
-    MemoryAttribute fresh = {name, type, collection, std::move(value)};
-    if (place != attributes.end())
-        *place = std::move(fresh);
-    else
-        attributes.push_back(std::move(fresh));
+    MemoryAttribute* former = Find(name);
+    (former != nullptr ? *former : attributes.emplace_back()) = {name, type, collection, std::move(value)};
 }
 
 std::string MemoryPart::Names() const
@@ -418,10 +352,10 @@ int MemoryStore::WriteSource(const cls_ObjectSource& source)
         written_.emplace(source.Body(), number);
         kept_.push_back(source.Keep());
     }
-    const Writer writer(*this, object.parts);
+    const Writer writer(*this);
     source.Write(writer);
-    writer.Finish();
-    if (object.parts.empty() || object.parts.back().typeId != source.TypeId())
+    writer.Finish(object.parts);
+    if (object.parts.back().typeId != source.TypeId())
         throw std::logic_error("MemoryStore: not announced as itself: " + NameOf(source.TypeId()));
     for (std::size_t i = 0; i < object.parts.size(); ++i)
         Check(object.parts[i], i > 0 ? &object.parts[i - 1] : nullptr);
@@ -430,22 +364,21 @@ int MemoryStore::WriteSource(const cls_ObjectSource& source)
 
 MemoryPart& MemoryStore::Part(int number, unsigned typeId) const
 {
-    for (MemoryPart& part : At(number).parts)
-        if (part.typeId == typeId)
-            return part;
-    throw std::logic_error("MemoryStore: object #" + Number(number) + " has no part " + NameOf(typeId));
+    auto& parts = At(number).parts;
+    const auto place =
+        std::find_if(parts.begin(), parts.end(), [&](const auto& part) { return part.typeId == typeId; });
+    return place != parts.end() ? *place : throw std::logic_error("MemoryStore: no part " + NameOf(typeId));
 }
 
 std::unique_ptr<cls_Persistent> MemoryStore::Create(int number) const
 {
-    return PartReader::Create(std::make_shared<Reading>(Reading{*this, {}, {}}), number, nullptr);
+    return PartReader::Create(std::make_shared<Reading>(Reading{*this}), number, nullptr);
 }
 
 std::unique_ptr<const cls_ReadVisitor> MemoryStore::Reader(int number) const
 {
-    // The object itself is under construction for as long as anyone reads it.
-    const auto reading = std::make_shared<Reading>(Reading{*this, {}, {{number, true}}});
-    return std::make_unique<PartReader>(reading, number, static_cast<int>(At(number).parts.size()));
+    return std::make_unique<PartReader>(std::make_shared<Reading>(Reading{*this}), number,
+                                        std::ssize(At(number).parts));
 }
 
 void MemoryStore::Check(const MemoryPart& part, const MemoryPart* base)
@@ -453,35 +386,19 @@ void MemoryStore::Check(const MemoryPart& part, const MemoryPart* base)
     const cls_ClassMetadata* record = Registrar().Find(part.typeId);
     if (record == nullptr)
         return;
-    const auto report = [&](const std::string& what) { faults_ += NameOf(part.typeId) + ": " + what + "\n"; };
     if (base != nullptr && base->typeId != record->ParentTypeId())
-        report("base part " + NameOf(base->typeId) + ", registered parent " + NameOf(record->ParentTypeId()));
+        faults_ += NameOf(part.typeId) + ": " + NameOf(base->typeId) + " is not the registered parent\n";
     int lastIndex = -1;
     for (const MemoryAttribute& attribute : part.attributes)
     {
         const cls_Attribute* declared = record->FindAttribute(cow_String(attribute.name.c_str()));
-        if (declared == nullptr)
-        {
-            report(attribute.name + " is not declared");
-            continue;
-        }
-        if (declared->type != attribute.type)
-            report(attribute.name + " is written as " + TypeName(attribute.type) + ", declared as " +
-                   TypeName(declared->type));
-        if (!cls_CollectionsMatch(declared->collection, attribute.collection))
-            report(attribute.name + " is written as collection " +
-                   Number(static_cast<unsigned>(attribute.collection)) + ", declared as " +
-                   Number(static_cast<unsigned>(declared->collection)));
-        if (declared->index <= lastIndex)
-            report(attribute.name + " is written out of order");
-        lastIndex = declared->index;
         const auto* reference = std::get_if<MemoryReference>(&attribute.value);
-        if (reference == nullptr || reference->number == 0 || At(reference->number).parts.empty())
-            continue;
-        const unsigned typeId = LastPart(reference->number).typeId;
-        if (!Registrar().InheritanceCheck(typeId, declared->typeId))
-            report(attribute.name + " holds a " + NameOf(typeId) + ", declared as " +
-                   NameOf(declared->typeId));
+        const bool held = reference != nullptr && reference->number != 0;
+        if (declared == nullptr || declared->type != attribute.type || declared->index <= lastIndex ||
+            !cls_CollectionsMatch(declared->collection, attribute.collection) ||
+            (held && !Registrar().InheritanceCheck(LastPart(reference->number).typeId, declared->typeId)))
+            faults_ += NameOf(part.typeId) + ": " + attribute.name + " is not written as declared\n";
+        lastIndex = declared != nullptr ? declared->index : lastIndex;
     }
 }
 
@@ -493,7 +410,7 @@ std::string MemoryStore::Describe(int number) const
         text += NameOf(part.typeId) + "\n";
         for (const MemoryAttribute& attribute : part.attributes)
         {
-            text += "  " + attribute.name + " " + TypeName(attribute.type);
+            text += "  " + attribute.name + " " + TYPE_NAMES.at(attribute.type);
             if (attribute.collection != cls_CollectionType::SINGLE)
                 text += "/" + Number(static_cast<unsigned>(attribute.collection));
             text += " " + std::visit(Describer(), attribute.value) + "\n";

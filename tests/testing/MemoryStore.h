@@ -53,8 +53,8 @@ using MemoryValue = std::variant<bool, char, int, float, double, cow_String, Mem
 struct MemoryAttribute
 {
     std::string name;
-    cls_AttributeType type;
-    cls_CollectionType collection;
+    cls_AttributeType type = {};
+    cls_CollectionType collection = {};
     MemoryValue value;
 };
 
@@ -67,7 +67,11 @@ struct MemoryPart
     std::vector<MemoryAttribute> attributes; ///< in the order in which they were written
 
     /// Null where there is none.
-    const MemoryAttribute* Find(const std::string& name) const;
+    MemoryAttribute* Find(const std::string& name);
+    const MemoryAttribute* Find(const std::string& name) const
+    {
+        return const_cast<MemoryPart*>(this)->Find(name);
+    }
     /// Throws where there is none.
     void Drop(const std::string& name);
     /// Replaces the attribute, or appends it.
@@ -117,8 +121,9 @@ public:
     std::unique_ptr<const cls_ReadVisitor> Reader(int number) const;
 
     /// Where what was written disagrees with the registered metadata, one line each: attributes not declared,
-    /// of another type or collection, or out of the declared order; base parts that are not the registered
-    /// parent. Classes without metadata are not held against anything. Empty when all agrees.
+    /// of another type or collection, or out of the declared order; references to another class; base parts
+    /// that are not the registered parent. Classes without metadata are not held against anything. Empty when
+    /// all agrees.
     std::string Faults() const { return faults_; }
     /// The object's parts, base first: a line with the class name, then a line for each attribute in order
     /// with name, type (and collection code where it is not 0) and value: "  m_Keyword STRING 'depth'",

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
@@ -27,49 +28,45 @@ void AppendBytes(std::string& bytes, T value)
     bytes.append(reinterpret_cast<const char*>(&value), sizeof value);
 }
 
-inline std::string StlBinary(const std::vector<double>& corners, std::string header = "")
+/// Of no particular length; exact where the corners need no rounding, so of parts on a grid.
+inline std::array<double, 3> Normal(const double* a)
 {
-    header.resize(80);
-    AppendBytes(header, static_cast<std::uint32_t>(corners.size() / 9));
-    for (std::size_t i = 0; i < corners.size(); i += 9)
+    std::array<double, 3> normal;
+    for (std::size_t k = 0; k < 3; ++k)
     {
-        const double* a = &corners[i];
-        const double u[3] = {a[3] - a[0], a[4] - a[1], a[5] - a[2]};
-        const double v[3] = {a[6] - a[0], a[7] - a[1], a[8] - a[2]};
-        for (int k = 0; k < 3; ++k)
-        {
-            const int l = (k + 1) % 3;
-            const int m = (k + 2) % 3;
-            AppendBytes(header, static_cast<float>(u[l] * v[m] - u[m] * v[l]));
-        }
-        for (int k = 0; k < 9; ++k)
-        {
-            AppendBytes(header, static_cast<float>(a[k]));
-        }
-        AppendBytes(header, std::uint16_t(0));
+        const std::size_t l = (k + 1) % 3;
+        const std::size_t m = (k + 2) % 3;
+        normal[k] = (a[3 + l] - a[l]) * (a[6 + m] - a[m]) - (a[3 + m] - a[m]) * (a[6 + l] - a[l]);
     }
-    return header;
+    return normal;
 }
 
-/// The normals are those of the corners where they need no rounding, so of parts on a grid.
-inline std::string StlAscii(const std::vector<double>& corners, const std::string& name = "part")
+inline std::string StlBinary(const std::vector<double>& corners, std::string bytes = "")
 {
-    std::string text = "solid " + name + "\n";
+    bytes.resize(80);
+    AppendBytes(bytes, static_cast<std::uint32_t>(corners.size() / 9));
     for (std::size_t i = 0; i < corners.size(); i += 9)
     {
-        const double* a = &corners[i];
-        const double u[3] = {a[3] - a[0], a[4] - a[1], a[5] - a[2]};
-        const double v[3] = {a[6] - a[0], a[7] - a[1], a[8] - a[2]};
-        const double normal[3] = {u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2],
-                                  u[0] * v[1] - u[1] * v[0]};
-        text += "facet normal " + Point(normal) + "\n outer loop\n";
-        for (int k = 0; k < 9; k += 3)
-        {
-            text += "  vertex " + Point(a + k) + "\n";
-        }
+        for (const double x : Normal(&corners[i]))
+            AppendBytes(bytes, static_cast<float>(x));
+        for (std::size_t k = 0; k < 9; ++k)
+            AppendBytes(bytes, static_cast<float>(corners[i + k]));
+        AppendBytes(bytes, std::uint16_t(0));
+    }
+    return bytes;
+}
+
+inline std::string StlAscii(const std::vector<double>& corners)
+{
+    std::string text = "solid part\n";
+    for (std::size_t i = 0; i < corners.size(); i += 9)
+    {
+        text += "facet normal " + Point(Normal(&corners[i]).data()) + "\n outer loop\n";
+        for (std::size_t k = 0; k < 9; k += 3)
+            text += "  vertex " + Point(&corners[i + k]) + "\n";
         text += " endloop\nendfacet\n";
     }
-    return text + "endsolid " + name + "\n";
+    return text + "endsolid part\n";
 }
 
 inline std::string Obj(const std::vector<double>& corners)

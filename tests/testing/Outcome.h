@@ -14,6 +14,6 @@ std::string Outcome(F&& command)
     }
     catch (const KTLBasException& raised)
     {
-        return raised.AsString().AsCharPtr();
+        return std::string(raised.AsString().View());
     }
 }

@@ -1,8 +1,7 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
-#include <cmath>
-#include <numbers>
 #include <random>
 #include <vector>
 
@@ -42,23 +41,6 @@ inline Mesh Cube(const Vec& low, double edge = 1.0)
     return Box(low, {low[0] + edge, low[1] + edge, low[2] + edge});
 }
 
-/// About 2 * rings * 2 * rings triangles.
-inline Mesh Sphere(const Vec& centre, double radius, int rings)
-{
-    const auto at = [&](int i, int j) {
-        const double polar = std::numbers::pi * i / rings;
-        const double round = std::numbers::pi * j / rings;
-        return Vec{centre[0] + radius * std::sin(polar) * std::cos(round),
-                   centre[1] + radius * std::sin(polar) * std::sin(round),
-                   centre[2] + radius * std::cos(polar)};
-    };
-    Mesh mesh;
-    for (int i = 0; i < rings; ++i)
-        for (int j = 0; j < 2 * rings; ++j)
-            AddQuad(mesh, at(i, j), at(i + 1, j), at(i + 1, j + 1), at(i, j + 1));
-    return mesh;
-}
-
 /// 2 n n triangles over the square of edge n, heights z to z + roughness.
 inline Mesh HeightField(int n, double z, double roughness, unsigned seed)
 {
@@ -66,11 +48,9 @@ inline Mesh HeightField(int n, double z, double roughness, unsigned seed)
     std::uniform_real_distribution<double> height(z, z + roughness);
     const auto side = static_cast<std::size_t>(n) + 1;
     std::vector<double> heights(side * side);
-    for (double& h : heights)
-        h = height(random);
+    std::generate(heights.begin(), heights.end(), [&] { return height(random); });
     const auto at = [&](int i, int j) {
-        return Vec{double(i), double(j),
-                   heights[static_cast<std::size_t>(i) * side + static_cast<std::size_t>(j)]};
+        return Vec{double(i), double(j), heights[std::size_t(i) * side + std::size_t(j)]};
     };
     Mesh mesh;
     for (int i = 0; i < n; ++i)
@@ -79,23 +59,10 @@ inline Mesh HeightField(int n, double z, double roughness, unsigned seed)
     return mesh;
 }
 
-inline Mesh Moved(Mesh mesh, const Vec& by)
-{
-    for (std::size_t i = 0; i < mesh.size(); ++i)
-        mesh[i] += by[i % 3];
-    return mesh;
-}
-
 inline Mesh Scaled(Mesh mesh, double factor)
 {
     for (double& x : mesh)
         x *= factor;
     return mesh;
-}
-
-inline Mesh Joined(Mesh a, const Mesh& b)
-{
-    a.insert(a.end(), b.begin(), b.end());
-    return a;
 }
 }

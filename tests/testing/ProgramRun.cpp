@@ -12,14 +12,13 @@
 
 namespace
 {
-[[noreturn]] void Execute(const std::vector<std::string>& command, const std::string& folder)
+[[noreturn]] void Execute(const std::vector<std::string>& command)
 {
     std::vector<char*> arguments;
     for (const std::string& argument : command)
         arguments.push_back(const_cast<char*>(argument.c_str()));
     arguments.push_back(nullptr);
-    if (folder.empty() || chdir(folder.c_str()) == 0)
-        execv(arguments[0], arguments.data());
+    execv(arguments[0], arguments.data());
     _exit(127);
 }
 
@@ -55,7 +54,7 @@ ProgramRun::ProgramRun(const std::vector<std::string>& command, const Setting& s
             CloseBoth(err);
             setenv("TERM", "xterm", 1);
         }
-        Execute(command, setting.folder);
+        Execute(command);
     }
     close(out[1]);
     close(err[1]);

@@ -11,7 +11,6 @@ class ProgramRun
 public:
     struct Setting
     {
-        std::string folder;    ///< to run in; empty: ours
         bool terminal = false; ///< the error stream is a terminal of 80 columns
         std::string outFile;   ///< standard output goes there instead of being caught
     };

@@ -2,7 +2,6 @@
 
 #include <atr_String.h>
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 #include <wip_Progress.h>
@@ -14,10 +13,8 @@
 class RecordingReporter : public wip_WipReporter
 {
 public:
-    struct Thrown : std::runtime_error
-    {
-        Thrown() : std::runtime_error("thrown by the reporter") {}
-    };
+    struct Thrown
+    {};
 
     /// While set, every operation throws Thrown after it was written down.
     bool throwing = false;
@@ -76,19 +73,16 @@ protected:
 class ReporterScope
 {
 public:
-    explicit ReporterScope(wip_WipReporter* reporter) : former_(wip_WIP::Instance().GetWipReporter())
+    explicit ReporterScope(wip_WipReporter* reporter) { Install(reporter); }
+    ~ReporterScope() { Install(former_); }
+    ReporterScope(const ReporterScope&) = delete;
+
+private:
+    static void Install(wip_WipReporter* reporter)
     {
         wip_WIP::Instance().SetWipReporter(reporter);
         wip_Progress::Instance().Clear();
     }
-    ~ReporterScope()
-    {
-        wip_WIP::Instance().SetWipReporter(former_);
-        wip_Progress::Instance().Clear();
-    }
-    ReporterScope(const ReporterScope&) = delete;
-    ReporterScope& operator=(const ReporterScope&) = delete;
 
-private:
-    wip_WipReporter* former_;
+    wip_WipReporter* const former_ = wip_WIP::Instance().GetWipReporter();
 };

@@ -21,83 +21,52 @@
 #include <omu_SimpleMemShortcutImpl.h>
 #include <omu_SimpleSeqShortcutImpl.h>
 #include <omu_SimpleTermShortcutImpl.h>
-#include <omu_Table.h>
-#include <string>
 #include <vector>
 
 namespace sample
 {
-constexpr const char* SOURCE = "tests/testing/SampleRepository";
+template <class T>
+using Entries = std::vector<std::shared_ptr<T>>;
+using Point = std::array<double, 2>;
 
 struct Part
 {
+    static constexpr const char* REPOSITORY = "PartRepository";
     cow_String name;
     double width = 1;
     int copies = 1;
     cow_String comment;
 };
-using Point = std::array<double, 2>;
 struct Model
 {
+    static constexpr const char* REPOSITORY = "ModelRepository";
     cow_String name;
-    std::vector<std::shared_ptr<Part>> parts;
+    Entries<Part> parts;
     std::vector<Point> vertices;
 };
-struct Database
-{
-    std::vector<std::shared_ptr<Model>> models;
-};
-
-template <class T>
-int Find(const std::vector<std::shared_ptr<T>>& all, const cow_String& name)
-{
-    const auto found =
-        std::find_if(all.begin(), all.end(), [&](const auto& one) { return one->name == name; });
-    return found == all.end() ? -1 : static_cast<int>(found - all.begin());
-}
-template <class T>
-cow_List<cow_String> NamesOf(const std::vector<std::shared_ptr<T>>& all)
-{
-    cow_List<cow_String> names;
-    for (const auto& one : all)
-        names.Append(one->name);
-    return names;
-}
-template <class T>
-const std::shared_ptr<T>& Named(const std::vector<std::shared_ptr<T>>& all, const cow_String& name)
-{
-    const int at = Find(all, name);
-    if (at < 0)
-        nex_Raise(omu_KeyErrorException(name), SOURCE, __LINE__);
-    return all[static_cast<std::size_t>(at)];
-}
+using Database = Entries<Model>;
 
 /// A handle on a T that is stale when the T is gone.
-template <class T>
-class Handle : public omu_MemberIntObj
+template <class T, class Base = omu_MemberIntObj>
+class Handle : public Base
 {
 public:
-    Handle(const omu_Shortcut& shortcut, const std::shared_ptr<T>& data)
-        : omu_MemberIntObj(shortcut), data_(data)
-    {}
-    bool IsStale() const override { return omu_MemberIntObj::IsStale() || data_.expired(); }
+    Handle(const omu_Shortcut& shortcut, const std::shared_ptr<T>& data) : Base(shortcut), data_(data) {}
+    bool IsStale() const override { return Base::IsStale() || data_.expired(); }
 
 protected:
+    std::shared_ptr<T> Shared() const { return data_.lock(); }
     T& Data() const { return *data_.lock(); }
 
 private:
     std::weak_ptr<T> data_;
 };
 
-/// Members: name (read-only), width, copies, comment (may be deleted), and the deprecated size for width.
+/// Members: name and copies (read-only), width, comment (may be deleted), and the deprecated size for width.
 class PartIntObj : public Handle<Part>
 {
 public:
     PartIntObj(const omu_Shortcut& shortcut, const std::shared_ptr<Part>& part) : Handle(shortcut, part)
-    {
-        SetTypeDesc(Description());
-    }
-    static const TypeDesc& Description()
     {
         static const methodTable METHODS[] = {{"setValues", Method<&PartIntObj::SetValues>},
                                               {"scale", Method<&PartIntObj::Scale>},
@@ -106,14 +75,14 @@ public:
         static const memberTable MEMBERS[] = {
             {"name", Reader<&PartIntObj::Name>},
             {"width", Reader<&PartIntObj::Width>, PLAIN, Writer<&PartIntObj::SetWidth>},
-            {"copies", Reader<&PartIntObj::Copies>, PLAIN, Writer<&PartIntObj::SetCopies>},
+            {"copies", Reader<&PartIntObj::Copies>},
             {"comment", Reader<&PartIntObj::Comment>, NOT_FOR_QUERY, Writer<&PartIntObj::SetComment>},
             {}};
         static const deprecatedMethodTable OLD_METHODS[] = {
             {"resize", Method<&PartIntObj::Scale>, PLAIN, "scale"}, {}};
         static const deprecatedMemberTable OLD_MEMBERS[] = {{"size", nullptr, PLAIN, nullptr, "width"}, {}};
         static const TypeDesc description = DescribeType("Part", METHODS, MEMBERS, OLD_METHODS, OLD_MEMBERS);
-        return description;
+        SetTypeDesc(description);
     }
     PartIntObj* Copy() const override { return new PartIntObj(*this); }
     void DeleteMember(const cow_String& name) const override
@@ -137,136 +106,114 @@ private:
         return new omu_PrimNumber(Data().width * Data().width * Data().copies);
     }
 
+    /// Nothing changes when a value is out of range.
+    void Become(const Part& changed) const
+    {
+        omu_RangeChecker::CheckGreaterThan("width", 0.0, false, changed.width);
+        Data() = changed;
+    }
     template <class T>
-    static T Only(omu_Arguments& value, const char* name)
+    void Set(T Part::*member, const char* name, omu_Arguments& value) const
     {
-        T read{};
+        Part changed = Data();
         value.Begin();
-        value.Get(read, name);
+        value.Get(changed.*member, name);
         value.End();
-        return read;
+        Become(changed);
     }
-    void SetWidth(omu_Arguments& value) const
-    {
-        const double width = Only<double>(value, "width");
-        omu_RangeChecker::CheckGreaterThan("width", 0.0, false, width);
-        Data().width = width;
-    }
-    void SetCopies(omu_Arguments& value) const
-    {
-        const int copies = Only<int>(value, "copies");
-        omu_RangeChecker::CheckInRange("copies", 1, true, copies, 100, true);
-        Data().copies = copies;
-    }
-    void SetComment(omu_Arguments& value) const { Data().comment = Only<cow_String>(value, "comment"); }
+    void SetWidth(omu_Arguments& value) const { Set(&Part::width, "width", value); }
+    void SetComment(omu_Arguments& value) const { Set(&Part::comment, "comment", value); }
 
-    /// setValues(width=, copies=, comment=): all optional; nothing changes when one is wrong.
+    /// setValues(width=, comment=): all optional.
     omu_Primitive* SetValues(omu_Arguments& arguments) const
     {
         Part changed = Data();
         arguments.Begin();
         arguments.Optional();
-        if (arguments.Get(changed.width, "width"))
-            omu_RangeChecker::CheckGreaterThan("width", 0.0, false, changed.width);
-        if (arguments.Get(changed.copies, "copies"))
-            omu_RangeChecker::CheckInRange("copies", 1, true, changed.copies, 100, true);
+        arguments.Get(changed.width, "width");
         arguments.Get(changed.comment, "comment");
         arguments.End();
-        Data() = changed;
+        Become(changed);
         return nullptr;
     }
-    /// scale(factor, times=1): the new width.
+    /// scale(factor): the new width.
     omu_Primitive* Scale(omu_Arguments& arguments) const
     {
         double factor = 1;
-        int times = 1;
         arguments.Begin();
         arguments.Get(factor, "factor");
-        arguments.Optional();
-        arguments.Get(times, "times");
         arguments.End();
         omu_RangeChecker::CheckInRange("factor", 0.5, true, factor, 2.0, true);
-        omu_RangeChecker::CheckInRange("times", 1, true, times, 10, true);
-        for (int i = 0; i < times; ++i)
-            Data().width *= factor;
-        return new omu_PrimNumber(Data().width);
+        Data().width *= factor;
+        return Width();
     }
 };
 
-/// model.parts: entries may be removed and renamed, not assigned.
-class PartsIntObj : public omu_DictIntObjABC<cow_String>
+/// A dictionary of what has a name: entries may be removed and renamed, not assigned.
+template <class T, class IntObj>
+class EntriesIntObj : public Handle<Entries<T>, omu_DictIntObjABC<cow_String>>
 {
+    using Base = Handle<Entries<T>, omu_DictIntObjABC<cow_String>>;
+
 public:
-    PartsIntObj(const omu_Shortcut& shortcut, const std::shared_ptr<Model>& model)
-        : omu_DictIntObjABC<cow_String>(shortcut), model_(model)
+    EntriesIntObj(const omu_Shortcut& shortcut, const std::shared_ptr<Entries<T>>& entries)
+        : Base(shortcut, entries)
     {
-        static const TypeDesc description =
-            DescribeType("PartRepository", nullptr, nullptr, nullptr, nullptr, Description());
-        SetTypeDesc(description);
+        static const omu_InterfaceObj::TypeDesc description =
+            Base::DescribeType(T::REPOSITORY, nullptr, nullptr, nullptr, nullptr, Base::Description());
+        this->SetTypeDesc(description);
     }
-    PartsIntObj* Copy() const override { return new PartsIntObj(*this); }
-    bool IsStale() const override { return omu_DictIntObj::IsStale() || model_.expired(); }
-    int Length() const override { return static_cast<int>(Parts().size()); }
-    cow_List<cow_String> Keys() const override { return NamesOf(Parts()); }
-    bool HasKey(const cow_String& key) const override { return Find(Parts(), key) >= 0; }
+    EntriesIntObj* Copy() const override { return new EntriesIntObj(*this); }
+    int Length() const override { return static_cast<int>(this->Data().size()); }
+    cow_List<cow_String> Keys() const override
+    {
+        cow_List<cow_String> names;
+        for (const auto& one : this->Data())
+            names.Append(one->name);
+        return names;
+    }
     omu_Primitive* Subscript(const cow_String& key) const override
     {
-        const int at = Find(Parts(), key);
-        if (at < 0)
-            return nullptr;
-        return new PartIntObj(omu_SimpleDictShortcutImpl<cow_String>(BaseShortcut(), "", key),
-                              Parts()[static_cast<std::size_t>(at)]);
+        for (const auto& one : this->Data())
+            if (one->name == key)
+                return new IntObj(omu_SimpleDictShortcutImpl<cow_String>(this->BaseShortcut(), "", key), one);
+        return nullptr;
     }
     void Remove(const cow_String& key) const override
     {
-        Parts().erase(Parts().begin() + std::max(Find(Parts(), key), 0));
+        std::erase_if(this->Data(), [&](const auto& one) { return one->name == key; });
     }
     void ChangeKey(const cow_String& from, const cow_String& to) const override
     {
-        Named(Parts(), from)->name = to;
+        if (!this->HasKey(from))
+            nex_Raise(omu_KeyErrorException(from), "tests/testing/SampleRepository", __LINE__);
+        for (const auto& one : this->Data())
+            if (one->name == from)
+                one->name = to;
     }
-    omu_Primitive* Summary() const override
-    {
-        omu_Table table({"Name", "Type"});
-        for (const cow_String& key : Keys())
-        {
-            const int row = table.AddRow();
-            table.Put(row, 0, key);
-            table.Put(row, 1, cow_String("Part"));
-        }
-        return new omu_PrimString(table.IsEmpty() ? cow_String("Empty Summary") : table.AsString());
-    }
-
-private:
-    std::vector<std::shared_ptr<Part>>& Parts() const { return model_.lock()->parts; }
-
-    std::weak_ptr<Model> model_;
 };
+using PartsIntObj = EntriesIntObj<Part, PartIntObj>;
 
-/// model.vertices[i]: member coordinates. Vertices add and subtract.
-class VertexIntObj : public Handle<Model>
+/// model.vertices[i]: members coordinates and index. Vertices add and subtract.
+class VertexIntObj : public Handle<std::vector<Point>>
 {
 public:
-    VertexIntObj(const omu_Shortcut& shortcut, const std::shared_ptr<Model>& model, int place)
-        : Handle(shortcut, model), place_(place)
+    VertexIntObj(const omu_Shortcut& shortcut, const std::shared_ptr<std::vector<Point>>& all, int place)
+        : Handle(shortcut, all), place_(place)
     {
-        static const memberTable MEMBERS[] = {{"coordinates", Reader<&VertexIntObj::Coordinates>, PLAIN},
-                                              {"index", Reader<&VertexIntObj::Place>},
-                                              {}};
+        static const memberTable MEMBERS[] = {
+            {"coordinates", Reader<&VertexIntObj::Coordinates>}, {"index", Reader<&VertexIntObj::Place>}, {}};
         static const TypeDesc description = DescribeType("Vertex", nullptr, MEMBERS, nullptr, nullptr);
         SetTypeDesc(description);
     }
     VertexIntObj* Copy() const override { return new VertexIntObj(*this); }
     int Id() const override { return place_; }
-    bool IsStale() const override
-    {
-        return Handle::IsStale() || place_ >= static_cast<int>(Data().vertices.size());
-    }
+    bool IsStale() const override { return Handle::IsStale() || place_ >= static_cast<int>(Data().size()); }
     omu_Primitive* AddOperation(omu_InterfaceObj* other) const override { return Moved(other, 1); }
     omu_Primitive* SubOperation(omu_InterfaceObj* other) const override { return Moved(other, -1); }
 
 private:
-    const Point& At() const { return Data().vertices[static_cast<std::size_t>(place_)]; }
+    const Point& At() const { return Data()[static_cast<std::size_t>(place_)]; }
     omu_Primitive* Coordinates() const { return new omu_PrimTuple(cow_List<double>{At()[0], At()[1]}); }
     omu_Primitive* Place() const { return new omu_PrimNumber(place_); }
     omu_Primitive* Moved(omu_InterfaceObj* other, double sign) const
@@ -282,22 +229,21 @@ private:
 };
 
 /// model.vertices: elements may be assigned (a tuple of two floats) and removed.
-class VerticesIntObj : public omu_SeqIntObj
+class VerticesIntObj : public Handle<std::vector<Point>, omu_SeqIntObj>
 {
 public:
-    VerticesIntObj(const omu_Shortcut& shortcut, const std::shared_ptr<Model>& model)
-        : omu_SeqIntObj(shortcut), model_(model)
+    VerticesIntObj(const omu_Shortcut& shortcut, const std::shared_ptr<std::vector<Point>>& all)
+        : Handle(shortcut, all)
     {
         static const TypeDesc description =
             DescribeType("VertexArray", nullptr, nullptr, nullptr, nullptr, Description());
         SetTypeDesc(description);
     }
     VerticesIntObj* Copy() const override { return new VerticesIntObj(*this); }
-    bool IsStale() const override { return omu_SeqIntObj::IsStale() || model_.expired(); }
-    int Length() const override { return static_cast<int>(model_.lock()->vertices.size()); }
+    int Length() const override { return static_cast<int>(Data().size()); }
     omu_Primitive* Index(int position) const override
     {
-        return new VertexIntObj(omu_SimpleSeqShortcutImpl(BaseShortcut(), position, position), model_.lock(),
+        return new VertexIntObj(omu_SimpleSeqShortcutImpl(BaseShortcut(), position, position), Shared(),
                                 position);
     }
     omu_Primitive* Assign(int position, const omu_Primitive& value) const override
@@ -309,26 +255,21 @@ public:
         argument.Get(numbers);
         argument.End();
         omu_RangeChecker::CheckInRange("vertex", 2, true, numbers.Length(), 2, true);
-        model_.lock()->vertices[static_cast<std::size_t>(position)] = {numbers.Get(0), numbers.Get(1)};
+        Data()[static_cast<std::size_t>(position)] = {numbers.Get(0), numbers.Get(1)};
         return nullptr;
     }
     omu_Primitive* Remove(int position) const override { return RemoveSlice(position, position + 1); }
     omu_Primitive* RemoveSlice(int from, int to) const override
     {
-        std::vector<Point>& all = model_.lock()->vertices;
-        all.erase(all.begin() + from, all.begin() + std::max(from, to));
+        Data().erase(Data().begin() + from, Data().begin() + std::max(from, to));
         return nullptr;
     }
-
-private:
-    std::weak_ptr<Model> model_;
 };
 
 class ModelIntObj : public Handle<Model>
 {
 public:
-    ModelIntObj(const omu_Shortcut& shortcut, const std::shared_ptr<Model>& model)
-        : Handle(shortcut, model), model_(model)
+    ModelIntObj(const omu_Shortcut& shortcut, const std::shared_ptr<Model>& model) : Handle(shortcut, model)
     {
         static const methodTable METHODS[] = {{"Part", Method<&ModelIntObj::NewPart>}, {}};
         static const memberTable MEMBERS[] = {{"name", Reader<&ModelIntObj::Name>},
@@ -341,14 +282,21 @@ public:
     ModelIntObj* Copy() const override { return new ModelIntObj(*this); }
 
 private:
+    /// A member's container, which lives as long as its model.
+    template <class T>
+    std::shared_ptr<T> Member(T Model::*member) const
+    {
+        return {Shared(), &(Data().*member)};
+    }
     omu_Primitive* Name() const { return new omu_PrimString(Data().name); }
     omu_Primitive* Parts() const
     {
-        return new PartsIntObj(omu_SimpleMemShortcutImpl(BaseShortcut(), "parts"), model_.lock());
+        return new PartsIntObj(omu_SimpleMemShortcutImpl(BaseShortcut(), "parts"), Member(&Model::parts));
     }
     omu_Primitive* Vertices() const
     {
-        return new VerticesIntObj(omu_SimpleMemShortcutImpl(BaseShortcut(), "vertices"), model_.lock());
+        return new VerticesIntObj(omu_SimpleMemShortcutImpl(BaseShortcut(), "vertices"),
+                                  Member(&Model::vertices));
     }
     /// Part(name, width=1.0): the new part; one of that name is replaced, and its handles are stale.
     omu_Primitive* NewPart(omu_Arguments& arguments) const
@@ -360,41 +308,11 @@ private:
         arguments.Get(part->width, "width");
         arguments.End();
         omu_RangeChecker::CheckGreaterThan("width", 0.0, false, part->width);
-        auto& parts = Data().parts;
-        if (const int at = Find(parts, part->name); at >= 0)
-            parts[static_cast<std::size_t>(at)] = part;
-        else
-            parts.push_back(part);
-        return std::unique_ptr<PartsIntObj>(static_cast<PartsIntObj*>(Parts()))->Subscript(part->name);
+        const std::unique_ptr<PartsIntObj> parts(static_cast<PartsIntObj*>(Parts()));
+        parts->Remove(part->name);
+        Data().parts.push_back(part);
+        return parts->Subscript(part->name);
     }
-
-    std::weak_ptr<Model> model_;
-};
-
-class ModelsIntObj : public omu_DictIntObjABC<cow_String>
-{
-public:
-    ModelsIntObj(const omu_Shortcut& shortcut, const std::shared_ptr<Database>& database)
-        : omu_DictIntObjABC<cow_String>(shortcut), database_(database)
-    {}
-    ModelsIntObj* Copy() const override { return new ModelsIntObj(*this); }
-    int Length() const override { return static_cast<int>(database_->models.size()); }
-    cow_List<cow_String> Keys() const override { return NamesOf(database_->models); }
-    omu_Primitive* Subscript(const cow_String& key) const override
-    {
-        const int at = Find(database_->models, key);
-        if (at < 0)
-            return nullptr;
-        return new ModelIntObj(omu_SimpleDictShortcutImpl<cow_String>(BaseShortcut(), "", key),
-                               database_->models[static_cast<std::size_t>(at)]);
-    }
-    void Remove(const cow_String& key) const override
-    {
-        database_->models.erase(database_->models.begin() + std::max(Find(database_->models, key), 0));
-    }
-
-private:
-    std::shared_ptr<Database> database_;
 };
 
 /// The root "mdb".
@@ -413,7 +331,8 @@ public:
 private:
     omu_Primitive* Models() const
     {
-        return new ModelsIntObj(omu_SimpleMemShortcutImpl(BaseShortcut(), "models"), database_);
+        return new EntriesIntObj<Model, ModelIntObj>(omu_SimpleMemShortcutImpl(BaseShortcut(), "models"),
+                                                     database_);
     }
 
     std::shared_ptr<Database> database_;
@@ -423,11 +342,9 @@ private:
 inline std::shared_ptr<Database> NewDatabase()
 {
     auto model = std::make_shared<Model>(Model{"M", {}, {{0, 0}, {1, 0}, {1, 2}}});
-    model->parts.push_back(std::make_shared<Part>(Part{"P1", 2, 1, ""}));
-    model->parts.push_back(std::make_shared<Part>(Part{"it's", 1, 3, "odd"}));
-    auto database = std::make_shared<Database>();
-    database->models.push_back(model);
-    return database;
+    model->parts = {std::make_shared<Part>(Part{"P1", 2, 1, ""}),
+                    std::make_shared<Part>(Part{"it's", 1, 3, "odd"})};
+    return std::make_shared<Database>(1, model);
 }
 
 /// Puts the root "mdb" and the command Model(name) into the table.
@@ -439,7 +356,7 @@ inline void Install(omu_CommandTable& table, const std::shared_ptr<Database>& da
         arguments.Begin();
         arguments.Get(model->name, "name");
         arguments.End();
-        database->models.push_back(model);
+        database->push_back(model);
         return nullptr;
     });
 }

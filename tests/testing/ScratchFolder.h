@@ -24,7 +24,6 @@ public:
         std::filesystem::remove_all(path_, ignored);
     }
     ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
 
     std::string operator/(const std::string& name) const { return (path_ / name).string(); }
     std::string Path() const { return path_.string(); }

@@ -1,13 +1,12 @@
 #pragma once
 
-// What the tests of values share: their texts, tuples and calls in one expression, tables of named rows.
+// What the tests of values share: their texts, tuples, dictionaries and calls in one expression.
 
 #include <limits>
 #include <memory>
 #include <omu_Arguments.h>
 #include <omu_PrimList.h>
 #include <omu_PrimString.h>
-#include <ostream>
 #include <string>
 #include <testing/Outcome.h>
 
@@ -34,6 +33,15 @@ inline std::string Text(omu_Primitive* owned)
     return value ? Text(*value) : "None";
 }
 
+/// What the operation tells on the standard error stream.
+template <class F>
+std::string ToldBy(F operation)
+{
+    testing::internal::CaptureStderr();
+    operation();
+    return testing::internal::GetCapturedStderr();
+}
+
 template <class... Items>
 omu_PrimTuple TupleOf(const Items&... items)
 {
@@ -41,6 +49,26 @@ omu_PrimTuple TupleOf(const Items&... items)
     (tuple.Put(items), ...);
     return tuple;
 }
+
+template <class K>
+omu_PrimDictionary<K> DictionaryOf(const cow_List<K>& keys, const omu_PrimTuple& values)
+{
+    omu_PrimDictionary<K> dictionary;
+    for (int i = 0; i < keys.Length(); ++i)
+        dictionary.Put(keys[i], std::unique_ptr<omu_Primitive>(values.Index(i)));
+    return dictionary;
+}
+
+/// A copy of any value, as a cell of a table.
+struct Cell
+{
+    template <class T>
+    Cell(const T& of) : value(of.Copy())
+    {}
+    const omu_Primitive& operator*() const { return *value; }
+
+    std::shared_ptr<const omu_Primitive> value;
+};
 
 struct Keyword
 {
@@ -68,15 +96,3 @@ omu_Arguments Args(const Values&... values)
     (supply(values), ...);
     return arguments;
 }
-
-/// The first base of a table's rows, which go by their names.
-struct NamedRow
-{
-    const char* name;
-
-    friend std::ostream& operator<<(std::ostream& out, const NamedRow& row) { return out << row.name; }
-};
-
-#define INSTANTIATE_ROWS(Suite, ...)                                                                         \
-    INSTANTIATE_TEST_SUITE_P(Rows, Suite, testing::Values(__VA_ARGS__),                                      \
-                             [](const auto& row) { return std::string(row.param.name); })

@@ -11,6 +11,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <bat_MeshReader.h>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -23,10 +24,6 @@
 #include <limits>
 #include <map>
 #include <memory>
-#if __has_include(<bat_MeshReader.h>)
-#include <bat_MeshReader.h>
-#define ORVEX_HAVE_READER
-#endif
 
 namespace
 {
@@ -345,9 +342,8 @@ void RegisterMade()
             Register(name, static_cast<std::size_t>(size), [name, size] { return MakeCase(name, size); });
 }
 
-void RegisterScanned([[maybe_unused]] const std::filesystem::path& models)
+void RegisterScanned(const std::filesystem::path& models)
 {
-#ifdef ORVEX_HAVE_READER
     const std::filesystem::path gear = models / "gearwheel.stl";
     const std::filesystem::path bunny = models / "bunny.stl";
     if (!std::filesystem::exists(gear) || !std::filesystem::exists(bunny))
@@ -362,7 +358,6 @@ void RegisterScanned([[maybe_unused]] const std::filesystem::path& models)
     };
     const auto make = [=] { return Case{"bunny on gear", read(gear), read(bunny), {0, 0, -1}}; };
     Register("bunny-on-gear", make().movable.size(), make);
-#endif
 }
 
 void Cell(const Row& row, const char* method, const char* against)

@@ -8,7 +8,6 @@
 #include <gsl_BBox.h>
 #include <gsl_Matrix.h>
 #include <gsl_Point.h>
-#include <gsl_Util.h>
 #include <gsl_Vector.h>
 #include <random>
 #include <vector>
@@ -55,181 +54,125 @@ void CountItems(benchmark::State& state)
     state.SetItemsProcessed(state.iterations() * COUNT);
 }
 
-void DistanceOfPoints(benchmark::State& state)
+/// Adds up what `of` makes of every point and the `BEYOND` points after it.
+template <std::size_t BEYOND, class T, class Of>
+void AddUp(benchmark::State& state, const std::vector<T>& points, Of of)
 {
-    const std::vector<gsl_Point> points = Points();
     for (auto _ : state)
     {
-        double sum = 0;
-        for (int i = 0; i + 1 < COUNT; ++i)
+        decltype(of(points.data())) sum = 0;
+        for (std::size_t i = 0; i + BEYOND < COUNT; ++i)
         {
-            const auto at = static_cast<std::size_t>(i);
-            sum += points[at].GetDistance(points[at + 1]);
+            sum += of(&points[i]);
         }
         benchmark::DoNotOptimize(sum);
     }
     CountItems(state);
+}
+
+/// Does `work` to every point.
+template <class T, class Work>
+void DoToEach(benchmark::State& state, std::vector<T> points, Work work)
+{
+    for (auto _ : state)
+    {
+        for (T& p : points)
+        {
+            work(p);
+        }
+        benchmark::DoNotOptimize(points.data());
+        benchmark::ClobberMemory();
+    }
+    CountItems(state);
+}
+
+Plain Way(const Plain& from, const Plain& to)
+{
+    return {to[0] - from[0], to[1] - from[1], to[2] - from[2]};
+}
+
+double Squared(const Plain& v)
+{
+    return v[0] * v[0] + v[1] * v[1] + v[2] * v[2];
+}
+
+void DistanceOfPoints(benchmark::State& state)
+{
+    AddUp<1>(state, Points(), [](const gsl_Point* p) { return p[0].GetDistance(p[1]); });
 }
 
 void DistanceOfArrays(benchmark::State& state)
 {
-    const std::vector<Plain> points = PlainPoints();
-    for (auto _ : state)
-    {
-        double sum = 0;
-        for (std::size_t i = 0; i + 1 < COUNT; ++i)
-        {
-            const Plain& p = points[i];
-            const Plain& q = points[i + 1];
-            const double d[3] = {q[0] - p[0], q[1] - p[1], q[2] - p[2]};
-            sum += std::sqrt(d[0] * d[0] + d[1] * d[1] + d[2] * d[2]);
-        }
-        benchmark::DoNotOptimize(sum);
-    }
-    CountItems(state);
+    AddUp<1>(state, PlainPoints(), [](const Plain* p) { return std::sqrt(Squared(Way(p[0], p[1]))); });
 }
 
 void CoincidenceOfPoints(benchmark::State& state)
 {
-    const std::vector<gsl_Point> points = Points();
-    for (auto _ : state)
-    {
-        int on = 0;
-        for (std::size_t i = 0; i + 1 < COUNT; ++i)
-        {
-            on += points[i].IsOn(points[i + 1]) ? 1 : 0;
-        }
-        benchmark::DoNotOptimize(on);
-    }
-    CountItems(state);
+    AddUp<1>(state, Points(), [](const gsl_Point* p) { return p[0].IsOn(p[1]) ? 1 : 0; });
 }
 
 void CoincidenceOfArrays(benchmark::State& state)
 {
-    const std::vector<Plain> points = PlainPoints();
     double tolerance = 1e-6;
     benchmark::DoNotOptimize(tolerance);
-    for (auto _ : state)
-    {
-        int on = 0;
-        for (std::size_t i = 0; i + 1 < COUNT; ++i)
-        {
-            const Plain& p = points[i];
-            const Plain& q = points[i + 1];
-            const double d[3] = {q[0] - p[0], q[1] - p[1], q[2] - p[2]};
-            on += d[0] * d[0] + d[1] * d[1] + d[2] * d[2] < tolerance * tolerance ? 1 : 0;
-        }
-        benchmark::DoNotOptimize(on);
-    }
-    CountItems(state);
+    AddUp<1>(state, PlainPoints(),
+             [=](const Plain* p) { return Squared(Way(p[0], p[1])) < tolerance * tolerance ? 1 : 0; });
 }
 
 void NormalOfPoints(benchmark::State& state)
 {
-    const std::vector<gsl_Point> points = Points();
-    for (auto _ : state)
-    {
-        double sum = 0;
-        for (std::size_t i = 0; i + 2 < COUNT; ++i)
-        {
-            const gsl_Vector n(points[i], points[i + 1], points[i + 2]);
-            sum += n.X() + n.Y() + n.Z();
-        }
-        benchmark::DoNotOptimize(sum);
-    }
-    CountItems(state);
+    AddUp<2>(state, Points(), [](const gsl_Point* p) {
+        const gsl_Vector n(p[0], p[1], p[2]);
+        return n.X() + n.Y() + n.Z();
+    });
 }
 
 void NormalOfArrays(benchmark::State& state)
 {
-    const std::vector<Plain> points = PlainPoints();
     double tolerance = 1e-10;
     benchmark::DoNotOptimize(tolerance);
-    for (auto _ : state)
-    {
-        double sum = 0;
-        for (std::size_t i = 0; i + 2 < COUNT; ++i)
-        {
-            const Plain& p = points[i];
-            const Plain& q = points[i + 1];
-            const Plain& r = points[i + 2];
-            const double a[3] = {q[0] - p[0], q[1] - p[1], q[2] - p[2]};
-            const double b[3] = {r[0] - q[0], r[1] - q[1], r[2] - q[2]};
-            const double n[3] = {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2],
-                                 a[0] * b[1] - a[1] * b[0]};
-            const double nn = std::sqrt(n[0] * n[0] + n[1] * n[1] + n[2] * n[2]);
-            const double aa = std::sqrt(a[0] * a[0] + a[1] * a[1] + a[2] * a[2]);
-            const double bb = std::sqrt(b[0] * b[0] + b[1] * b[1] + b[2] * b[2]);
-            sum += nn > tolerance * aa * bb ? n[0] / nn + n[1] / nn + n[2] / nn : 0.0;
-        }
-        benchmark::DoNotOptimize(sum);
-    }
-    CountItems(state);
+    AddUp<2>(state, PlainPoints(), [=](const Plain* p) {
+        const Plain a = Way(p[0], p[1]);
+        const Plain b = Way(p[1], p[2]);
+        const Plain n = {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+        const double nn = std::sqrt(Squared(n));
+        const double aa = std::sqrt(Squared(a));
+        const double bb = std::sqrt(Squared(b));
+        return nn > tolerance * aa * bb ? n[0] / nn + n[1] / nn + n[2] / nn : 0.0;
+    });
 }
 
 void TransformOfPoints(benchmark::State& state)
 {
-    std::vector<gsl_Point> points = Points();
     gsl_Matrix matrix;
     matrix.FromArray(Entries().data());
-    for (auto _ : state)
-    {
-        for (gsl_Point& p : points)
-        {
-            p.Transform(matrix);
-        }
-        benchmark::DoNotOptimize(points.data());
-        benchmark::ClobberMemory();
-    }
-    CountItems(state);
+    DoToEach(state, Points(), [&](gsl_Point& p) { p.Transform(matrix); });
 }
 
 void TransformOfArrays(benchmark::State& state)
 {
-    std::vector<Plain> points = PlainPoints();
     const std::array<double, 16> m = Entries();
-    for (auto _ : state)
-    {
-        for (Plain& p : points)
-        {
-            p = {m[0] * p[0] + m[1] * p[1] + m[2] * p[2] + m[3],
-                 m[4] * p[0] + m[5] * p[1] + m[6] * p[2] + m[7],
-                 m[8] * p[0] + m[9] * p[1] + m[10] * p[2] + m[11]};
-        }
-        benchmark::DoNotOptimize(points.data());
-        benchmark::ClobberMemory();
-    }
-    CountItems(state);
+    DoToEach(state, PlainPoints(), [&](Plain& p) {
+        p = {m[0] * p[0] + m[1] * p[1] + m[2] * p[2] + m[3], m[4] * p[0] + m[5] * p[1] + m[6] * p[2] + m[7],
+             m[8] * p[0] + m[9] * p[1] + m[10] * p[2] + m[11]};
+    });
 }
 
 // A new point each time, with its identity: what operator+ and the returning Transform cost.
 void SumOfPoints(benchmark::State& state)
 {
-    const std::vector<gsl_Point> points = Points();
-    const gsl_Vector step(1, 2, 3);
-    for (auto _ : state)
-    {
-        for (const gsl_Point& p : points)
-        {
-            gsl_Point moved = p + step;
-            benchmark::DoNotOptimize(moved);
-        }
-    }
-    CountItems(state);
+    DoToEach(state, Points(), [step = gsl_Vector(1, 2, 3)](const gsl_Point& p) {
+        gsl_Point moved = p + step;
+        benchmark::DoNotOptimize(moved);
+    });
 }
 
 void SumOfArrays(benchmark::State& state)
 {
-    const std::vector<Plain> points = PlainPoints();
-    for (auto _ : state)
-    {
-        for (const Plain& p : points)
-        {
-            Plain moved = {p[0] + 1, p[1] + 2, p[2] + 3};
-            benchmark::DoNotOptimize(moved);
-        }
-    }
-    CountItems(state);
+    DoToEach(state, PlainPoints(), [](const Plain& p) {
+        Plain moved = {p[0] + 1, p[1] + 2, p[2] + 3};
+        benchmark::DoNotOptimize(moved);
+    });
 }
 
 void BoxOfPoints(benchmark::State& state)

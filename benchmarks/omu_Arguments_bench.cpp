@@ -63,49 +63,53 @@ void ReadFive(omu_Arguments& arguments, const Keyword* keywords, FiveArguments& 
     point.End();
 }
 
-void FiveKeywordArguments(benchmark::State& state)
+/// Five reads from what `given` answers.
+template <class Given, class Keyword>
+void ReadKeywords(benchmark::State& state, Given given, const Keyword* keywords)
 {
     const omu_PrimTuple positional;
-    const omu_Arguments::Keyworded given = FiveKeywords();
     for (auto _ : state)
     {
         FiveArguments out;
-        omu_Arguments arguments(positional, given);
-        ReadFive(arguments, KEYWORDS, out);
+        omu_Arguments arguments(positional, given());
+        ReadFive(arguments, keywords, out);
         benchmark::DoNotOptimize(out);
     }
+}
+
+void FiveKeywordArguments(benchmark::State& state)
+{
+    const omu_Arguments::Keyworded given = FiveKeywords();
+    ReadKeywords(
+        state, [&]() -> const auto& { return given; }, KEYWORDS);
 }
 BENCHMARK(FiveKeywordArguments);
 
 // The same with the keywords as the code of a command writes them.
 void FiveKeywordArgumentsByLiteral(benchmark::State& state)
 {
-    const omu_PrimTuple positional;
     const omu_Arguments::Keyworded given = FiveKeywords();
     const char* const keywords[] = {"count", "scale", "name", "point", "type"};
-    for (auto _ : state)
-    {
-        FiveArguments out;
-        omu_Arguments arguments(positional, given);
-        ReadFive(arguments, keywords, out);
-        benchmark::DoNotOptimize(out);
-    }
+    ReadKeywords(
+        state, [&]() -> const auto& { return given; }, keywords);
 }
 BENCHMARK(FiveKeywordArgumentsByLiteral);
 
 // And with the values and the dictionary made anew, as a call from a script makes them.
 void FiveKeywordArgumentsWithTheirValues(benchmark::State& state)
 {
-    const omu_PrimTuple positional;
-    for (auto _ : state)
-    {
-        FiveArguments out;
-        omu_Arguments arguments(positional, FiveKeywords());
-        ReadFive(arguments, KEYWORDS, out);
-        benchmark::DoNotOptimize(out);
-    }
+    ReadKeywords(state, &FiveKeywords, KEYWORDS);
 }
 BENCHMARK(FiveKeywordArgumentsWithTheirValues);
+
+/// Does `work` to a million numbers.
+template <class Work>
+void DoToMillion(benchmark::State& state, Work work)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(work());
+    state.SetItemsProcessed(state.iterations() * MILLION);
+}
 
 std::vector<double> Numbers()
 {
@@ -117,35 +121,29 @@ std::vector<double> Numbers()
 
 void FillVectorOfDoubles(benchmark::State& state)
 {
-    for (auto _ : state)
-        benchmark::DoNotOptimize(Numbers().data());
-    state.SetItemsProcessed(state.iterations() * MILLION);
+    DoToMillion(state, &Numbers);
 }
 BENCHMARK(FillVectorOfDoubles)->Unit(benchmark::kMillisecond);
 
 void FillTuple(benchmark::State& state)
 {
-    for (auto _ : state)
-    {
+    DoToMillion(state, [] {
         omu_PrimTuple tuple;
         for (int i = 0; i < MILLION; ++i)
             tuple.Put(0.5 * i);
-        benchmark::DoNotOptimize(tuple.Length());
-    }
-    state.SetItemsProcessed(state.iterations() * MILLION);
+        return tuple.Length();
+    });
 }
 BENCHMARK(FillTuple)->Unit(benchmark::kMillisecond);
 
 void FillTupleWithObjects(benchmark::State& state)
 {
-    for (auto _ : state)
-    {
+    DoToMillion(state, [] {
         omu_PrimTuple tuple;
         for (int i = 0; i < MILLION; ++i)
             tuple.Put(new omu_PrimNumber(0.5 * i));
-        benchmark::DoNotOptimize(tuple.Length());
-    }
-    state.SetItemsProcessed(state.iterations() * MILLION);
+        return tuple.Length();
+    });
 }
 BENCHMARK(FillTupleWithObjects)->Unit(benchmark::kMillisecond);
 
@@ -158,17 +156,14 @@ omu_PrimTuple MillionNumbers()
 void TupleAsListDouble(benchmark::State& state)
 {
     const omu_PrimTuple tuple = MillionNumbers();
-    for (auto _ : state)
-        benchmark::DoNotOptimize(tuple.AsListDouble().Data());
-    state.SetItemsProcessed(state.iterations() * MILLION);
+    DoToMillion(state, [&] { return tuple.AsListDouble(); });
 }
 BENCHMARK(TupleAsListDouble)->Unit(benchmark::kMillisecond);
 
 void TupleReadOneByOne(benchmark::State& state)
 {
     omu_PrimTuple tuple = MillionNumbers();
-    for (auto _ : state)
-    {
+    DoToMillion(state, [&] {
         double sum = 0.0;
         tuple.Begin();
         for (int i = 0; i < MILLION; ++i)
@@ -178,18 +173,15 @@ void TupleReadOneByOne(benchmark::State& state)
             sum += value;
         }
         tuple.End();
-        benchmark::DoNotOptimize(sum);
-    }
-    state.SetItemsProcessed(state.iterations() * MILLION);
+        return sum;
+    });
 }
 BENCHMARK(TupleReadOneByOne)->Unit(benchmark::kMillisecond);
 
 void TupleText(benchmark::State& state)
 {
     const omu_PrimTuple tuple = MillionNumbers();
-    for (auto _ : state)
-        benchmark::DoNotOptimize(tuple.AsString(0).Length());
-    state.SetItemsProcessed(state.iterations() * MILLION);
+    DoToMillion(state, [&] { return tuple.AsString(0).Length(); });
 }
 BENCHMARK(TupleText)->Unit(benchmark::kMillisecond);
 

@@ -18,14 +18,14 @@ public:
     /// Begins a search: reads the tolerance by which triangles are degenerate.
     void Begin() noexcept;
     /// The identity leaves corners as they are to the last bit.
-    void SetTransform(const gsl_Matrix& transform) noexcept;
+    void SetTransform(const gsl_Matrix& transform) noexcept { transform_ = transform; }
 
     /// The corners as the caller's look-up gives them; what it throws goes through.
     void Fetch(int index, gsl_Triple corners[3]);
     /// Moves fetched corners to where the search wants them.
     void Move(gsl_Triple corners[3]) const noexcept
     {
-        for (int i = 0; isMoved_ && i < 3; ++i)
+        for (int i = 0; !transform_.IsIdentity() && i < 3; ++i)
         {
             corners[i] = Moved(corners[i]);
         }
@@ -33,19 +33,16 @@ public:
     /// The unit normal of three corners, as gsl_Vector has it; false when they are degenerate.
     bool Normal(const gsl_Triple corners[3], gsl_Triple& normal) const noexcept;
 
-    bool IsMoved() const noexcept { return isMoved_; }
     const gsl_Matrix& Transform() const noexcept { return transform_; }
     /// Bound on what the transform adds up for a coordinate, for boxes whose coordinates stay within reach.
-    double LargestTerm(double reach) const noexcept;
+    double LargestTerm(double reach) const;
 
 private:
     gsl_Triple Moved(const gsl_Triple& p) const noexcept;
 
     gsl_TriTriDirDist& search_;
     Role role_;
-    bool isMoved_ = false;
     gsl_Matrix transform_;
-    double row_[3][4] = {};
     gsl_Point work_[3];
     double leastSine_ = 0.0;
 };

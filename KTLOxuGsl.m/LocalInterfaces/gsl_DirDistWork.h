@@ -36,10 +36,6 @@ struct gsl_TriTriDirDist::Work
 
     explicit Work(gsl_TriTriDirDist& owner);
 
-    void SetStage(const gsl_Triple& direction, double tolerance)
-    {
-        stage = gsl_PairStage(direction, tolerance);
-    }
     /// A triangle as the named stages take it.
     static gsl_Triangle FetchTriangle(gsl_CornerSource& source, int index);
     /// The best pair and where it meets. REQUIRES: there is one.

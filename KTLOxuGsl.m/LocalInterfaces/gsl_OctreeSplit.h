@@ -20,8 +20,8 @@ public:
 
     /// slot 0..13.
     gsl_BBox SlotBox(int slot) const;
-    /// The slot's box is exactly this one.
-    bool IsSlotBox(int slot, const gsl_BBox& box) const;
+    /// Exactly the same corners, unlike the equality of boxes.
+    static bool IsSame(const gsl_BBox& a, const gsl_BBox& b);
     /// The first of the first `slots` slots whose box holds everything from low to high, bounds included, or
     /// -1. REQUIRES: the node's own box holds it.
     int FirstSlotHolding(const double low[3], const double high[3], int slots) const noexcept

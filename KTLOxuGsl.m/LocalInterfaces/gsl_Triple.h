@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
 /// Three doubles, without identity or cached length: what the search computes with where a gsl_Point would
@@ -27,6 +28,13 @@ struct gsl_Triple
     }
 };
 
+/// The coordinates of a gsl_Point or the components of a gsl_Vector.
+template <class T>
+gsl_Triple gsl_TripleOf(const T& t) noexcept
+{
+    return {t.X(), t.Y(), t.Z()};
+}
+
 constexpr double gsl_Dot3(const gsl_Triple& a, const gsl_Triple& b) noexcept
 {
     return a.x * b.x + a.y * b.y + a.z * b.z;
@@ -50,6 +58,12 @@ inline double gsl_ProductsApart(double a, double b, double c, double d) noexcept
 inline double gsl_Length3(const gsl_Triple& a) noexcept
 {
     return std::sqrt(gsl_Dot3(a, a));
+}
+
+/// The largest |component|.
+inline double gsl_Largest3(const gsl_Triple& a) noexcept
+{
+    return std::max({std::abs(a.x), std::abs(a.y), std::abs(a.z)});
 }
 
 /// Below this sine of two sides what cancels in their plain cross product shows.

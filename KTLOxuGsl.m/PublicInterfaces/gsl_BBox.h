@@ -96,6 +96,8 @@ public:
     virtual void DBWrite(const cls_WriteVisitor& writer) const;
 
 private:
+    static constexpr auto Fields();
+
     gsl_Point low_;
     gsl_Point high_;
 };

@@ -64,6 +64,8 @@ public:
     virtual void DBWrite(const cls_WriteVisitor& writer) const;
 
 private:
+    static constexpr auto Fields();
+
     gsl_Point point_;
     gsl_DotMethod method_;
     int instanceId_ = 0;

@@ -30,6 +30,8 @@ public:
     virtual void DBWrite(const cls_WriteVisitor& writer) const;
 
 private:
+    static constexpr auto Fields();
+
     gsl_Dot point1_;
     gsl_Dot point2_;
     cls_Uid uid_;

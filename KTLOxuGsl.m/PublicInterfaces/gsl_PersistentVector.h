@@ -37,5 +37,7 @@ public:
     virtual void DBWrite(const cls_WriteVisitor& writer) const;
 
 private:
+    static constexpr auto Fields();
+
     gsl_Vector vector_;
 };

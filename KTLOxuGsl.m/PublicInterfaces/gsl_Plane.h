@@ -1,12 +1,9 @@
 #pragma once
 
-#include <cow_List.h>
-#include <gsl_PersistentVector.h>
-#include <gsl_Point.h>
+#include <gsl_Definition.h>
 #include <oxu_Export.h>
 
 enum class gsl_DirMethod;
-struct gsl_HitRecord;
 
 /// Plane in model space that remembers how it was defined: a point on it, a unit normal, and the model
 /// entities from which it was built.
@@ -44,7 +41,7 @@ public:
     /// Says from which model entities the plane was built and whether its normal is the reverse of theirs;
     /// moves nothing. A plane without a normal stays PLANE_INVALID.
     void SetParents(gsl_DirMethod method, const cow_List<int>& parentIds, bool flip = false);
-    void SetOwnerFeatID(int featureId) noexcept { ownerFeatId_ = featureId; }
+    void SetOwnerFeatID(int featureId) noexcept { definition_.ownerFeatId = featureId; }
     void SetCentroid(const gsl_Point& centroid);
     /// Forgets the centroid: it is PointOn() again.
     void ResetCentroid() noexcept { hasCentroid_ = false; }
@@ -52,21 +49,21 @@ public:
     /// vector stays as it is. Without a hook, or when it refuses: false, not valid, PLANE_INVALID.
     [[nodiscard]] virtual bool Regenerate();
 
-    bool IsValid() const noexcept { return ok_; }
+    bool IsValid() const noexcept { return definition_.ok; }
     bool HasNormal() const noexcept { return Direction().CachedMagnitude() > 0.0; }
     /// The unit normal, zero when there is none.
-    const gsl_Vector& Direction() const noexcept { return normal_.Vector(); }
-    const gsl_Point& PointOn() const noexcept { return point_; }
-    gsl_DirMethod Method() const noexcept { return method_; }
+    const gsl_Vector& Direction() const noexcept { return definition_.direction.Vector(); }
+    const gsl_Point& PointOn() const noexcept { return definition_.point; }
+    gsl_DirMethod Method() const noexcept { return definition_.method; }
     /// The normal is the reverse of the defining entity's.
-    bool IsFlipped() const noexcept { return flip_; }
+    bool IsFlipped() const noexcept { return definition_.flip; }
     /// As set, else PointOn().
-    gsl_Point Centroid() const { return hasCentroid_ ? centroid_ : point_; }
+    gsl_Point Centroid() const { return hasCentroid_ ? centroid_ : definition_.point; }
     /// Identity of the n-th entity from which the plane was built; nex_RangeException when there is none.
-    int GetParentInstId(int n) const { return parentIds_.Get(n); }
-    const cow_List<int>& ParentIds() const noexcept { return parentIds_; }
+    int GetParentInstId(int n) const { return definition_.parentIds.Get(n); }
+    const cow_List<int>& ParentIds() const noexcept { return definition_.parentIds; }
     /// 0 when no feature owns the plane.
-    int OwnerFeatID() const noexcept { return ownerFeatId_; }
+    int OwnerFeatID() const noexcept { return definition_.ownerFeatId; }
 
     /// Never negative.
     double GetDistance(const gsl_Point& p) const { return p.GetDistance(*this); }
@@ -87,17 +84,7 @@ public:
     virtual void DBWrite(const cls_WriteVisitor& writer) const;
 
 private:
-    /// Takes over point and normal, normalised; without a normal the plane becomes invalid.
-    void Place(const gsl_Point& point, const gsl_Vector& normal);
-    void Invalidate() noexcept;
-
-    bool ok_ = false;
-    gsl_Point point_;
-    gsl_PersistentVector normal_;
-    gsl_DirMethod method_;
-    bool flip_ = false;
-    cow_List<int> parentIds_;
-    int ownerFeatId_ = 0;
+    gsl_Definition<gsl_DirMethod> definition_;
     bool hasCentroid_ = false;
     gsl_Point centroid_;
     cls_Uid uid_;

@@ -135,6 +135,8 @@ public:
     virtual void DBWrite(const cls_WriteVisitor& writer) const;
 
 private:
+    static constexpr auto Fields();
+
     double x_ = 0.0;
     double y_ = 0.0;
     double z_ = 0.0;

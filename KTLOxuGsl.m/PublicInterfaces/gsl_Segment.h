@@ -35,6 +35,8 @@ public:
     virtual void DBWrite(const cls_WriteVisitor& writer) const;
 
 private:
+    static constexpr auto Fields();
+
     /// The foot of p on the line lies on the segment, ends widened by L.
     bool Spans(const gsl_Point& p) const;
 

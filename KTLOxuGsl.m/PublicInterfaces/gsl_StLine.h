@@ -1,13 +1,10 @@
 #pragma once
 
-#include <cow_List.h>
-#include <gsl_PersistentVector.h>
-#include <gsl_Point.h>
+#include <gsl_Definition.h>
 #include <oxu_Export.h>
 
 enum class gsl_LineMethod;
 class gsl_Plane;
-struct gsl_HitRecord;
 
 /// Straight line in model space, without ends, that remembers how it was defined: a point on it, a unit
 /// direction, and the model entities from which it was built.
@@ -50,32 +47,32 @@ public:
     /// Says from which model entities the line was built and whether its direction is the reverse of theirs;
     /// moves nothing. A line without a direction stays STLINE_INVALID.
     void SetParents(gsl_LineMethod method, const cow_List<int>& parentIds, bool flip = false);
-    void SetOwnerFeatID(int featureId) noexcept { ownerFeatId_ = featureId; }
+    void SetOwnerFeatID(int featureId) noexcept { definition_.ownerFeatId = featureId; }
     /// Reverses the direction and notes that it is the reverse of the defining entity's (or no longer is).
     void FlipDirection();
     /// Recomputes point and direction through gsl_ModelAccess. A line from points and vectors stays as it is.
     /// Without a hook, or when it refuses: false, not valid, STLINE_INVALID.
     [[nodiscard]] virtual bool Regenerate();
 
-    bool IsValid() const noexcept { return ok_; }
+    bool IsValid() const noexcept { return definition_.ok; }
     bool HasDirection() const noexcept { return Direction().CachedMagnitude() > 0.0; }
     /// Unit, zero when there is none.
-    const gsl_Vector& Direction() const noexcept { return dir_.Vector(); }
-    const gsl_Point& PointOn() const noexcept { return point_; }
-    gsl_Point PointAtDistance(double distance) const { return point_ + Direction() * distance; }
-    gsl_LineMethod Method() const noexcept { return method_; }
+    const gsl_Vector& Direction() const noexcept { return definition_.direction.Vector(); }
+    const gsl_Point& PointOn() const noexcept { return definition_.point; }
+    gsl_Point PointAtDistance(double distance) const { return definition_.point + Direction() * distance; }
+    gsl_LineMethod Method() const noexcept { return definition_.method; }
     /// The direction is the reverse of the defining entity's.
-    bool IsFlipped() const noexcept { return flip_; }
+    bool IsFlipped() const noexcept { return definition_.flip; }
     /// The direction as the defining entity has it: Direction() with the flip undone.
     gsl_Vector DirectionForDatum() const;
     /// The unit direction along the line that points away from p; Direction() when p's foot is the line's
     /// point.
     gsl_Vector DirFromPtForStraightEdge(const gsl_Point& p) const;
     /// Identity of the n-th entity from which the line was built; nex_RangeException when there is none.
-    int GetParentInstId(int n) const { return parentIds_.Get(n); }
-    const cow_List<int>& ParentIds() const noexcept { return parentIds_; }
+    int GetParentInstId(int n) const { return definition_.parentIds.Get(n); }
+    const cow_List<int>& ParentIds() const noexcept { return definition_.parentIds; }
     /// 0 when no feature owns the line.
-    int OwnerFeatID() const noexcept { return ownerFeatId_; }
+    int OwnerFeatID() const noexcept { return definition_.ownerFeatId; }
 
     /// Never negative.
     double GetDistance(const gsl_Point& p) const { return p.GetDistance(*this); }
@@ -112,16 +109,6 @@ public:
     virtual void DBWrite(const cls_WriteVisitor& writer) const;
 
 private:
-    /// Takes over point and direction, normalised; without a direction the line becomes invalid.
-    void Place(const gsl_Point& point, const gsl_Vector& dir);
-    void Invalidate() noexcept;
-
-    bool ok_ = false;
-    gsl_Point point_;
-    gsl_PersistentVector dir_;
-    gsl_LineMethod method_;
-    bool flip_ = false;
-    cow_List<int> parentIds_;
-    int ownerFeatId_ = 0;
+    gsl_Definition<gsl_LineMethod> definition_;
     cls_Uid uid_;
 };

@@ -1,8 +1,7 @@
 #include <algorithm>
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <g3d_Sphere.h>
 #include <gsl_BBox.h>
 #include <gsl_Indent.h>
@@ -11,9 +10,6 @@
 
 namespace
 {
-// Stored order: append only. A retired field keeps its index.
-enum Field { LOW, HIGH };
-constexpr cls_FieldHandle FIELDS[] = {{LOW, "_low"}, {HIGH, "_high"}};
 constexpr unsigned LAYOUT_RELEASE = 800;
 
 double Farther(double low, double high, double from)
@@ -22,20 +18,20 @@ double Farther(double low, double high, double from)
 }
 }
 
+constexpr auto gsl_BBox::Fields()
+{
+    return cls_Fields(cls_Field{"_low", &gsl_BBox::low_}, cls_Field{"_high", &gsl_BBox::high_});
+}
+
 void gsl_BBox::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta = registrar.Create("gsl_BBox", TypeId(), LAYOUT_RELEASE,
-                                               cls_TypeAdapter<gsl_BBox>::Instance(), cls_UniversalRoot);
-    for (const cls_FieldHandle& field : FIELDS)
-    {
-        meta.AddAttribute(field, cls_AttributeType::OBJECT, gsl_Point::TypeId(), cls_CollectionType::SINGLE);
-    }
+    Fields().Declare(registrar.Create("gsl_BBox", TypeId(), LAYOUT_RELEASE,
+                                      cls_TypeAdapter<gsl_BBox>::Instance(), cls_UniversalRoot));
 }
 
 gsl_BBox::gsl_BBox(const cls_ReadVisitor& reader) : gsl_BBox()
 {
-    reader.ReadObject(FIELDS[LOW], low_);
-    reader.ReadObject(FIELDS[HIGH], high_);
+    Fields().Read(reader, *this);
 }
 
 void gsl_BBox::Add(const gsl_BBox& box)
@@ -140,6 +136,5 @@ void gsl_BBox::DBWrite(const cls_WriteVisitor& writer) const
     {
         return;
     }
-    writer.WriteObject(FIELDS[LOW], low_);
-    writer.WriteObject(FIELDS[HIGH], high_);
+    Fields().Write(writer, *this);
 }

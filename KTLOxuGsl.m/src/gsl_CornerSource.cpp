@@ -9,15 +9,6 @@ void gsl_CornerSource::Begin() noexcept
     leastSine_ = gsl_Util::Instance().ParallelTolerance();
 }
 
-void gsl_CornerSource::SetTransform(const gsl_Matrix& transform) noexcept
-{
-    double all[16];
-    transform_ = transform;
-    isMoved_ = !transform.IsIdentity();
-    transform.AsArray(all);
-    std::copy_n(all, 12, row_[0]);
-}
-
 void gsl_CornerSource::Fetch(int index, gsl_Triple corners[3])
 {
     if (role_ == Role::FIXED)
@@ -30,14 +21,16 @@ void gsl_CornerSource::Fetch(int index, gsl_Triple corners[3])
     }
     for (int i = 0; i < 3; ++i)
     {
-        corners[i] = {work_[i].X(), work_[i].Y(), work_[i].Z()};
+        corners[i] = gsl_TripleOf(work_[i]);
     }
 }
 
 gsl_Triple gsl_CornerSource::Moved(const gsl_Triple& p) const noexcept
 {
-    const auto on = [&](const double row[4]) { return row[0] * p.x + row[1] * p.y + row[2] * p.z + row[3]; };
-    return {on(row_[0]), on(row_[1]), on(row_[2])};
+    const double xyz[3] = {p.x, p.y, p.z};
+    double moved[3];
+    transform_.TransformCoordinates(xyz, moved);
+    return {moved[0], moved[1], moved[2]};
 }
 
 bool gsl_CornerSource::Normal(const gsl_Triple corners[3], gsl_Triple& normal) const noexcept
@@ -45,14 +38,13 @@ bool gsl_CornerSource::Normal(const gsl_Triple corners[3], gsl_Triple& normal) c
     return gsl_UnitNormal3(corners[1] - corners[0], corners[2] - corners[1], leastSine_, normal);
 }
 
-double gsl_CornerSource::LargestTerm(double reach) const noexcept
+double gsl_CornerSource::LargestTerm(double reach) const
 {
     double largest = reach;
-    for (int row = 0; isMoved_ && row < 3; ++row)
+    for (int row = 0; !transform_.IsIdentity() && row < 3; ++row)
     {
-        largest = std::max(
-            largest, (std::abs(row_[row][0]) + std::abs(row_[row][1]) + std::abs(row_[row][2])) * reach +
-                         std::abs(row_[row][3]));
+        const auto size = [&](int column) { return std::abs(transform_(row, column)); };
+        largest = std::max(largest, (size(0) + size(1) + size(2)) * reach + size(3));
     }
     return largest;
 }

@@ -5,7 +5,7 @@
 gsl_TriTriDirDist::Work::Work(gsl_TriTriDirDist& owner)
     : fixedSource(owner, gsl_CornerSource::Role::FIXED),
       movableSource(owner, gsl_CornerSource::Role::MOVABLE),
-      stage({owner.direction_.X(), owner.direction_.Y(), owner.direction_.Z()}, owner.pairTolerance_),
+      stage(gsl_TripleOf(owner.direction_), owner.pairTolerance_),
       clock(owner),
       // The nested search walks the fixed tree down to its maximum depth, and below every movable node again:
       // so all of them, unless it walks down none at all.
@@ -42,13 +42,12 @@ gsl_Triangle gsl_TriTriDirDist::Work::FetchTriangle(gsl_CornerSource& source, in
 gsl_TriTriDirDist::Work::Prepared::Prepared(const gsl_PairStage& stage, const gsl_Triangle& triangle,
                                             const gsl_Vector& normal)
 {
-    const auto triple = [](const auto& p) { return gsl_Triple{p.X(), p.Y(), p.Z()}; };
     for (int i = 0; i < 3; ++i)
     {
-        corners[i] = triple(triangle.Point(i));
+        corners[i] = gsl_TripleOf(triangle.Point(i));
     }
     triangle.GetExtent(box.low, box.high);
-    light = stage.Prepare(corners, triple(normal));
+    light = stage.Prepare(corners, gsl_TripleOf(normal));
     view = stage.View(light);
     light.view = &view;
 }

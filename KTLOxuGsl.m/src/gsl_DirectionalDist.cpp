@@ -11,32 +11,6 @@
 
 namespace
 {
-gsl_Triple TripleOf(const gsl_Point& p)
-{
-    return {p.X(), p.Y(), p.Z()};
-}
-
-gsl_Triple TripleOf(const gsl_Vector& v)
-{
-    return {v.X(), v.Y(), v.Z()};
-}
-
-bool Answer(const gsl_TravelSpan& span, double tolerance, gsl_Point* contact, double& dist)
-{
-    double travel = 0.0;
-    if (!span.Ahead(tolerance, travel))
-    {
-        return false;
-    }
-    if (contact != nullptr)
-    {
-        const gsl_Triple place = span.Place().onFixed;
-        contact->Set(place.x, place.y, place.z);
-    }
-    dist = travel;
-    return true;
-}
-
 // Calls found(place) where the line through p along dir meets the segment from q1 to q2: at both ends of a
 // segment that lies on the line.
 template <class Found>
@@ -65,9 +39,10 @@ void MeetSegment(const gsl_Triple& p, const gsl_Triple& dir, const gsl_Triple& q
     }
 }
 
-void AddSegments(const gsl_Triple& dir, const gsl_Triple a[2], const gsl_Triple b[2], const bool* flags,
-                 double tolerance, gsl_TravelSpan& span)
+gsl_TravelSpan SpanOfSegments(const gsl_Triple& dir, const gsl_Triple a[2], const gsl_Triple b[2],
+                              const bool* flags, double tolerance)
 {
+    gsl_TravelSpan span;
     for (int i = 0; (flags == nullptr || flags[0]) && i < 2; ++i)
     {
         MeetSegment(a[i], dir, b[0], b[1], tolerance,
@@ -78,9 +53,10 @@ void AddSegments(const gsl_Triple& dir, const gsl_Triple a[2], const gsl_Triple 
         MeetSegment(b[i], dir, a[0], a[1], tolerance,
                     [&](const gsl_Triple& place) { span.Add(gsl_Dot3(b[i] - place, dir), place, b[i]); });
     }
+    return span;
 }
 
-// The nearest of several answers so far.
+// The nearest of the answers so far.
 struct Nearest
 {
     bool found = false;
@@ -94,10 +70,8 @@ struct Nearest
             *this = {true, candidate, where};
         }
     }
-    void OfferSegments(const gsl_Triple& dir, const gsl_Triple a[2], const gsl_Triple b[2], double tolerance)
+    void Offer(const gsl_TravelSpan& span, double tolerance)
     {
-        gsl_TravelSpan span;
-        AddSegments(dir, a, b, nullptr, tolerance, span);
         double travel = 0.0;
         if (span.Ahead(tolerance, travel))
         {
@@ -179,12 +153,14 @@ bool gsl_TriTriMinDirectionalDist(const gsl_Vector& dir, const gsl_Point& a1, co
         tests.fixed = flags[1] ? gsl_PairTests::ALL : 0;
         tests.edges = flags[0] && flags[1];
     }
-    const gsl_PairStage stage(TripleOf(along), tol);
-    const gsl_Triple a[3] = {TripleOf(a1), TripleOf(a2), TripleOf(a3)};
-    const gsl_Triple b[3] = {TripleOf(b1), TripleOf(b2), TripleOf(b3)};
-    const gsl_TravelSpan span = stage.Span(stage.View(stage.Prepare(a, TripleOf(normalA))),
-                                           stage.View(stage.Prepare(b, TripleOf(normalB))), tests);
-    return Answer(span, tol, contact, dist);
+    const gsl_PairStage stage(gsl_TripleOf(along), tol);
+    const gsl_Triple a[3] = {gsl_TripleOf(a1), gsl_TripleOf(a2), gsl_TripleOf(a3)};
+    const gsl_Triple b[3] = {gsl_TripleOf(b1), gsl_TripleOf(b2), gsl_TripleOf(b3)};
+    const gsl_TravelSpan span = stage.Span(stage.View(stage.Prepare(a, gsl_TripleOf(normalA))),
+                                           stage.View(stage.Prepare(b, gsl_TripleOf(normalB))), tests);
+    Nearest nearest;
+    nearest.Offer(span, tol);
+    return nearest.Answer(contact, dist);
 }
 
 bool gsl_InPlaneSegSegMinDirectionalDist(const gsl_Vector& dir, const gsl_Point& a1, const gsl_Point& a2,
@@ -196,12 +172,11 @@ bool gsl_InPlaneSegSegMinDirectionalDist(const gsl_Vector& dir, const gsl_Point&
     {
         return false;
     }
-    const gsl_Triple unit = TripleOf(along);
-    const gsl_Triple a[2] = {TripleOf(a1), TripleOf(a2)};
-    const gsl_Triple b[2] = {TripleOf(b1), TripleOf(b2)};
-    gsl_TravelSpan span;
-    AddSegments(unit, a, b, flags, tol, span);
-    return Answer(span, tol, contact, dist);
+    const gsl_Triple a[2] = {gsl_TripleOf(a1), gsl_TripleOf(a2)};
+    const gsl_Triple b[2] = {gsl_TripleOf(b1), gsl_TripleOf(b2)};
+    Nearest nearest;
+    nearest.Offer(SpanOfSegments(gsl_TripleOf(along), a, b, flags, tol), tol);
+    return nearest.Answer(contact, dist);
 }
 
 bool gsl_InPlaneLinTriMinDirectionalDist(const gsl_Point* seg, const gsl_Point* tri, const gsl_Plane& plane,
@@ -212,11 +187,11 @@ bool gsl_InPlaneLinTriMinDirectionalDist(const gsl_Point* seg, const gsl_Point* 
     {
         return false;
     }
-    const gsl_Triple unit = TripleOf(along);
+    const gsl_Triple unit = gsl_TripleOf(along);
     const double tolerance = gsl_Util::Instance().LinearTolerance();
     const int dropped = DroppedAxis(axis, plane.Direction());
-    const gsl_Triple line[2] = {TripleOf(seg[0]), TripleOf(seg[1])};
-    const gsl_Triple corners[3] = {TripleOf(tri[0]), TripleOf(tri[1]), TripleOf(tri[2])};
+    const gsl_Triple line[2] = {gsl_TripleOf(seg[0]), gsl_TripleOf(seg[1])};
+    const gsl_Triple corners[3] = {gsl_TripleOf(tri[0]), gsl_TripleOf(tri[1]), gsl_TripleOf(tri[2])};
     Nearest nearest;
     for (const gsl_Triple& end : line)
     {
@@ -228,7 +203,7 @@ bool gsl_InPlaneLinTriMinDirectionalDist(const gsl_Point* seg, const gsl_Point* 
     for (int i = 0; i < 3; ++i)
     {
         const gsl_Triple side[2] = {corners[i], corners[(i + 1) % 3]};
-        nearest.OfferSegments(unit, line, side, tolerance);
+        nearest.Offer(SpanOfSegments(unit, line, side, nullptr, tolerance), tolerance);
     }
     return nearest.Answer(contact, dist);
 }
@@ -246,11 +221,11 @@ bool gsl_InPlaneTriTriMinDirectionalDist(const gsl_Point* triA, const gsl_Point*
     {
         return false;
     }
-    const gsl_Triple unit = TripleOf(along);
+    const gsl_Triple unit = gsl_TripleOf(along);
     const double tolerance = gsl_Util::Instance().LinearTolerance();
     const int dropped = DroppedAxis(axis, normal);
-    const gsl_Triple a[3] = {TripleOf(triA[0]), TripleOf(triA[1]), TripleOf(triA[2])};
-    const gsl_Triple b[3] = {TripleOf(triB[0]), TripleOf(triB[1]), TripleOf(triB[2])};
+    const gsl_Triple a[3] = {gsl_TripleOf(triA[0]), gsl_TripleOf(triA[1]), gsl_TripleOf(triA[2])};
+    const gsl_Triple b[3] = {gsl_TripleOf(triB[0]), gsl_TripleOf(triB[1]), gsl_TripleOf(triB[2])};
     Nearest nearest;
     for (int i = 0; i < 3; ++i)
     {
@@ -269,7 +244,7 @@ bool gsl_InPlaneTriTriMinDirectionalDist(const gsl_Point* triA, const gsl_Point*
         {
             const gsl_Triple sideA[2] = {a[i], a[(i + 1) % 3]};
             const gsl_Triple sideB[2] = {b[j], b[(j + 1) % 3]};
-            nearest.OfferSegments(unit, sideA, sideB, tolerance);
+            nearest.Offer(SpanOfSegments(unit, sideA, sideB, nullptr, tolerance), tolerance);
         }
     }
     return nearest.Answer(contact, dist);

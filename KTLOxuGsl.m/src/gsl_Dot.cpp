@@ -1,34 +1,31 @@
 #include <cls_ClassRegistrar.h>
+#include <cls_Fields.h>
 #include <cls_MetadataRegistrar.h>
-#include <cls_ReadVisitor.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <gsl_Dot.h>
 #include <gsl_DotMethod.h>
 #include <gsl_HitRecord.h>
 #include <gsl_ModelAccess.h>
-#include <gsl_StoredMethod.h>
 #include <nex_Raise.h>
+#include <omu_PrimEnumCodec.h>
 
 namespace
 {
-// Stored order: append only. A retired field keeps its index.
-enum Field { POINT, METHOD, INSTANCE_ID, ENTITY_ID };
-constexpr cls_FieldHandle FIELDS[] = {
-    {POINT, "_point"}, {METHOD, "_method"}, {INSTANCE_ID, "_instanceId"}, {ENTITY_ID, "_entityId"}};
 constexpr unsigned LAYOUT_RELEASE = 203;
+}
+
+constexpr auto gsl_Dot::Fields()
+{
+    return cls_Fields(cls_Field{"_point", &gsl_Dot::point_}, cls_Field{"_method", &gsl_Dot::method_},
+                      cls_Field{"_instanceId", &gsl_Dot::instanceId_},
+                      cls_Field{"_entityId", &gsl_Dot::entityId_});
 }
 
 void gsl_Dot::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    using enum cls_AttributeType;
-    constexpr cls_CollectionType SINGLE = cls_CollectionType::SINGLE;
     cls_ClassMetadata& meta = registrar.Create("gsl_Dot", TypeId(), LAYOUT_RELEASE,
                                                cls_TypeAdapter<gsl_Dot>::Instance(), cls_UniversalRoot);
-    meta.AddAttribute(FIELDS[POINT], OBJECT, gsl_Point::TypeId(), SINGLE);
-    meta.AddAttribute(FIELDS[METHOD], ENUM, cls_UniversalRoot, SINGLE);
-    meta.AddAttribute(FIELDS[INSTANCE_ID], INT, cls_UniversalRoot, SINGLE);
-    meta.AddAttribute(FIELDS[ENTITY_ID], INT, cls_UniversalRoot, SINGLE);
+    Fields().Declare(meta);
     meta.AddDtor(&gsl_Dot::CowDtor);
 }
 
@@ -49,10 +46,7 @@ gsl_Dot::gsl_Dot(const gsl_Point& point) : point_(point), method_(gsl_DotMethod:
 
 gsl_Dot::gsl_Dot(const cls_ReadVisitor& reader) : method_(gsl_DotMethod::gsl_DOT_INVALID), uid_(reader.Uid())
 {
-    reader.ReadObject(FIELDS[POINT], point_);
-    gsl_ReadMethod(reader, FIELDS[METHOD], method_);
-    reader.ReadInt(FIELDS[INSTANCE_ID], instanceId_);
-    reader.ReadInt(FIELDS[ENTITY_ID], entityId_);
+    Fields().Read(reader, *this);
 }
 
 void gsl_Dot::SetValues(const gsl_Point& point, gsl_DotMethod method, int instanceId, int entityId)
@@ -133,8 +127,5 @@ void gsl_Dot::DBWrite(const cls_WriteVisitor& writer) const
     {
         return;
     }
-    writer.WriteObject(FIELDS[POINT], point_);
-    gsl_WriteMethod(writer, FIELDS[METHOD], method_);
-    writer.WriteInt(FIELDS[INSTANCE_ID], instanceId_);
-    writer.WriteInt(FIELDS[ENTITY_ID], entityId_);
+    Fields().Write(writer, *this);
 }

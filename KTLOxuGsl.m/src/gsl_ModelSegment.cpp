@@ -1,17 +1,19 @@
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <gsl_ModelSegment.h>
 #include <gsl_Segment.h>
 
 namespace
 {
-// Stored order: append only. A retired field keeps its index. These two names have no underscore, unlike
-// those of gsl_Segment.
-enum Field { POINT1, POINT2 };
-constexpr cls_FieldHandle FIELDS[] = {{POINT1, "point1"}, {POINT2, "point2"}};
 constexpr unsigned LAYOUT_RELEASE = 332;
+}
+
+constexpr auto gsl_ModelSegment::Fields()
+{
+    // Without an underscore, unlike the names of gsl_Segment.
+    return cls_Fields(cls_Field{"point1", &gsl_ModelSegment::point1_},
+                      cls_Field{"point2", &gsl_ModelSegment::point2_});
 }
 
 void gsl_ModelSegment::InitializeMetadata(cls_ClassRegistrar& registrar)
@@ -19,10 +21,7 @@ void gsl_ModelSegment::InitializeMetadata(cls_ClassRegistrar& registrar)
     cls_ClassMetadata& meta =
         registrar.Create("gsl_ModelSegment", TypeId(), LAYOUT_RELEASE,
                          cls_TypeAdapter<gsl_ModelSegment>::Instance(), cls_UniversalRoot);
-    for (const cls_FieldHandle& field : FIELDS)
-    {
-        meta.AddAttribute(field, cls_AttributeType::OBJECT, gsl_Dot::TypeId(), cls_CollectionType::SINGLE);
-    }
+    Fields().Declare(meta);
     meta.AddDtor(&gsl_ModelSegment::CowDtor);
 }
 
@@ -33,8 +32,7 @@ void gsl_ModelSegment::CowDtor(void* body)
 
 gsl_ModelSegment::gsl_ModelSegment(const cls_ReadVisitor& reader) : uid_(reader.Uid())
 {
-    reader.ReadObject(FIELDS[POINT1], point1_);
-    reader.ReadObject(FIELDS[POINT2], point2_);
+    Fields().Read(reader, *this);
 }
 
 bool gsl_ModelSegment::Regenerate()
@@ -55,6 +53,5 @@ void gsl_ModelSegment::DBWrite(const cls_WriteVisitor& writer) const
     {
         return;
     }
-    writer.WriteObject(FIELDS[POINT1], point1_);
-    writer.WriteObject(FIELDS[POINT2], point2_);
+    Fields().Write(writer, *this);
 }

@@ -33,19 +33,10 @@ gsl_BBox gsl_OctreeSplit::SlotBox(int slot) const
     return {gsl_Point(low), gsl_Point(high)};
 }
 
-bool gsl_OctreeSplit::IsSlotBox(int slot, const gsl_BBox& box) const
+bool gsl_OctreeSplit::IsSame(const gsl_BBox& a, const gsl_BBox& b)
 {
-    double low[3];
-    double high[3];
-    box.GetExtent(low, high);
-    for (int axis = 0; axis < 3; ++axis)
-    {
-        const Part part = PartOf(slot, axis);
-        if (low[axis] != bound_[axis][part == UPPER ? 1 : 0] ||
-            high[axis] != bound_[axis][part == LOWER ? 1 : 2])
-        {
-            return false;
-        }
-    }
-    return true;
+    const auto same = [](const gsl_Point& p, const gsl_Point& q) {
+        return p.X() == q.X() && p.Y() == q.Y() && p.Z() == q.Z();
+    };
+    return same(a.Low(), b.Low()) && same(a.High(), b.High());
 }

@@ -36,12 +36,18 @@ struct gsl_PairSearch::Walk
     double margin;
     double done = 0.0;
 
+    static bool AreParts(int m, int f) { return !gsl_SearchTree::IsCell(m) && !gsl_SearchTree::IsCell(f); }
     // Whether two boxes can meet before the best pair, and when at the soonest.
     bool Soonest(const gsl_Extent& m, const gsl_Extent& f, double& soonest) const
     {
         return stage.Sweep().Meet(m, f, slack, soonest) && soonest < best.Travel();
     }
-    bool CanMeet(int m, int f, double& soonest);
+    bool PartsCanMeet(int m, int f, double& soonest);
+    // Whether two nodes can meet in time to matter, and when at the soonest.
+    bool CanMeet(int m, int f, double& soonest)
+    {
+        return AreParts(m, f) ? PartsCanMeet(m, f, soonest) : Soonest(movable.Box(m), fixed.Box(f), soonest);
+    }
     void Retire(double share)
     {
         done += share;
@@ -86,7 +92,7 @@ void gsl_PairSearch::Run(const gsl_TriOctreeNode& fixed, const gsl_TriOctreeNode
               TOLERANCES_OFF * stage.Tolerance() + ROUNDINGS_OFF * largest};
     constexpr int ROOT = gsl_SearchTree::Root();
     double soonest = 0.0;
-    if (walk.Soonest(movable_.Box(ROOT), fixed_.Box(ROOT), soonest))
+    if (walk.CanMeet(ROOT, ROOT, soonest))
     {
         queue_.Push({soonest, ROOT, ROOT, 0, 1.0F});
     }
@@ -97,8 +103,8 @@ void gsl_PairSearch::Run(const gsl_TriOctreeNode& fixed, const gsl_TriOctreeNode
     }
 }
 
-// Whether two parts can meet in time to matter, and when at the soonest.
-bool gsl_PairSearch::Walk::CanMeet(int m, int f, double& soonest)
+// CanMeet for two parts, which a closer look may keep apart whose boxes meet.
+bool gsl_PairSearch::Walk::PartsCanMeet(int m, int f, double& soonest)
 {
     gsl_PartTree& movables = movable.Parts();
     gsl_PartTree& fixeds = fixed.Parts();
@@ -145,9 +151,7 @@ void gsl_PairSearch::Walk::LookAt(gsl_PairQueue::Item item)
     }
     if (settles)
     {
-        const bool isParts = !gsl_SearchTree::IsCell(item.movable) && !gsl_SearchTree::IsCell(item.fixed);
-        if (!(isParts ? CanMeet(item.movable, item.fixed, item.soonest)
-                      : Soonest(movable.Box(item.movable), fixed.Box(item.fixed), item.soonest)))
+        if (!CanMeet(item.movable, item.fixed, item.soonest))
         {
             Retire(item.share);
             return;
@@ -158,8 +162,8 @@ void gsl_PairSearch::Walk::LookAt(gsl_PairQueue::Item item)
             return;
         }
     }
-    if (!gsl_SearchTree::IsCell(item.movable) && !gsl_SearchTree::IsCell(item.fixed) &&
-        movable.Count(item.movable) <= DESCEND_FROM && fixed.Count(item.fixed) <= DESCEND_FROM)
+    if (AreParts(item.movable, item.fixed) && movable.Count(item.movable) <= DESCEND_FROM &&
+        fixed.Count(item.fixed) <= DESCEND_FROM)
     {
         Descend(item.movable, item.fixed);
         Retire(item.share);
@@ -219,8 +223,7 @@ void gsl_PairSearch::Walk::Open(const gsl_PairQueue::Item& item)
         const int f = openFixed ? fixed.Child(item.fixed, i) : item.fixed;
         const int m = openFixed ? item.movable : movable.Child(item.movable, i);
         double soonest = 0.0;
-        const bool isParts = !gsl_SearchTree::IsCell(m) && !gsl_SearchTree::IsCell(f);
-        if (isParts ? CanMeet(m, f, soonest) : Soonest(movable.Box(m), fixed.Box(f), soonest))
+        if (CanMeet(m, f, soonest))
         {
             Wait({soonest, m, f, 0, share});
         }
@@ -251,8 +254,8 @@ void gsl_PairSearch::Walk::Descend(int m, int f)
     const int opened = openFixed ? 1 : 0;
     near[opened] = openFixed ? fixeds.Lower(f) : movables.Lower(m);
     far[opened] = openFixed ? fixeds.Upper(f) : movables.Upper(m);
-    bool meetsNear = CanMeet(near[0], near[1], soonestNear);
-    bool meetsFar = CanMeet(far[0], far[1], soonestFar);
+    bool meetsNear = PartsCanMeet(near[0], near[1], soonestNear);
+    bool meetsFar = PartsCanMeet(far[0], far[1], soonestFar);
     if (meetsFar && (!meetsNear || soonestFar < soonestNear))
     {
         std::swap(near, far);
@@ -264,7 +267,7 @@ void gsl_PairSearch::Walk::Descend(int m, int f)
     {
         Descend(near[0], near[1]);
     }
-    if (meetsFar && !IsOver() && (best.Travel() == before || CanMeet(far[0], far[1], soonestFar)))
+    if (meetsFar && !IsOver() && (best.Travel() == before || PartsCanMeet(far[0], far[1], soonestFar)))
     {
         Descend(far[0], far[1]);
     }

@@ -36,33 +36,28 @@ bool LessByPlace(const gsl_Triple& a, const gsl_Triple& b)
     return a.y != b.y ? a.y < b.y : a.z < b.z;
 }
 
-double Largest(const gsl_Triple& p)
-{
-    return std::max({std::abs(p.x), std::abs(p.y), std::abs(p.z)});
-}
-
 struct Range
 {
     double low;
     double high;
 };
 
-// The range of a triangle's corners along a way.
-Range PlacesAlong(const gsl_StageTriangle& triangle, const gsl_Triple& way)
+Range RangeOf(double a, double b, double c)
 {
-    const double a = gsl_Dot3(triangle.corner[0], way);
-    const double b = gsl_Dot3(triangle.corner[1], way);
-    const double c = gsl_Dot3(triangle.corner[2], way);
     return {std::min({a, b, c}), std::max({a, b, c})};
 }
 
-// The range of a triangle against the direction, measured from origin.
-Range RangeFrom(const gsl_StageTriangle& triangle, const gsl_Triple& origin, const gsl_Triple& against)
+// The range of three corners along a way.
+Range RangeAlong(const gsl_Triple corners[3], const gsl_Triple& way)
 {
-    const double a = gsl_Dot3(triangle.corner[0] - origin, against);
-    const double b = gsl_Dot3(triangle.corner[1] - origin, against);
-    const double c = gsl_Dot3(triangle.corner[2] - origin, against);
-    return {std::min({a, b, c}), std::max({a, b, c})};
+    return RangeOf(gsl_Dot3(corners[0], way), gsl_Dot3(corners[1], way), gsl_Dot3(corners[2], way));
+}
+
+// The same, measured from origin.
+Range RangeFrom(const gsl_Triple corners[3], const gsl_Triple& origin, const gsl_Triple& way)
+{
+    return RangeOf(gsl_Dot3(corners[0] - origin, way), gsl_Dot3(corners[1] - origin, way),
+                   gsl_Dot3(corners[2] - origin, way));
 }
 }
 
@@ -82,13 +77,12 @@ gsl_StageTriangle gsl_PairStage::Prepare(const gsl_Triple corners[3], const gsl_
         triangle.level = gsl_Dot3(triangle.rise, corners[0]);
         triangle.perCosine = 1.0 / std::abs(triangle.cosine);
     }
-    const double a = gsl_Dot3(corners[0], frame_.along);
-    const double b = gsl_Dot3(corners[1], frame_.along);
-    const double c = gsl_Dot3(corners[2], frame_.along);
-    triangle.low = std::min({a, b, c});
-    triangle.high = std::max({a, b, c});
+    const Range heights = RangeAlong(corners, frame_.along);
+    triangle.low = heights.low;
+    triangle.high = heights.high;
     triangle.rounding =
-        ROUNDINGS * EPSILON * std::max({Largest(corners[0]), Largest(corners[1]), Largest(corners[2])});
+        ROUNDINGS * EPSILON *
+        std::max({gsl_Largest3(corners[0]), gsl_Largest3(corners[1]), gsl_Largest3(corners[2])});
     return triangle;
 }
 
@@ -175,13 +169,15 @@ bool gsl_PairStage::Travel(const gsl_StageTriangle& movable, const gsl_StageTria
 bool gsl_PairStage::IsBehind(const gsl_StageTriangle& movable, const gsl_StageTriangle& fixed) const
 {
     const gsl_Triple against = -frame_.along;
-    return RangeFrom(movable, fixed.corner[0], against).high < RangeFrom(fixed, fixed.corner[0], against).low;
+    return RangeFrom(movable.corner, fixed.corner[0], against).high <
+           RangeFrom(fixed.corner, fixed.corner[0], against).low;
 }
 
 double gsl_PairStage::Gap(const gsl_StageTriangle& movable, const gsl_StageTriangle& fixed) const
 {
     const gsl_Triple against = -frame_.along;
-    return RangeFrom(movable, fixed.corner[0], against).low - RangeFrom(fixed, fixed.corner[0], against).high;
+    return RangeFrom(movable.corner, fixed.corner[0], against).low -
+           RangeFrom(fixed.corner, fixed.corner[0], against).high;
 }
 
 gsl_TravelSpan gsl_PairStage::Span(const gsl_StageView& movable, const gsl_StageView& fixed,
@@ -371,14 +367,14 @@ bool gsl_PairStage::LeastByPlanes(const gsl_StageTriangle& movable, const gsl_St
     if (fixed.perCosine > 0.0)
     {
         // Way of each corner of the movable triangle to the fixed plane.
-        const Range place = PlacesAlong(movable, fixed.rise);
+        const Range place = RangeAlong(movable.corner, fixed.rise);
         least = std::max(least, fixed.level - place.high - off);
         most = fixed.level - place.low + off;
     }
     if (movable.perCosine > 0.0)
     {
         // Way of the movable plane to each corner of the fixed triangle.
-        const Range place = PlacesAlong(fixed, movable.rise);
+        const Range place = RangeAlong(fixed.corner, movable.rise);
         least = std::max(least, place.low - movable.level - off);
         most = std::min(most, place.high - movable.level + off);
     }

@@ -1,7 +1,6 @@
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <cmath>
 #include <gsl_PersistentVector.h>
 #include <gsl_Point.h>
@@ -10,32 +9,28 @@
 
 namespace
 {
-// Stored order: append only. A retired field keeps its index.
-enum Field { FIELD_X, FIELD_Y, FIELD_Z, FIELD_MAGNITUDE };
-constexpr cls_FieldHandle FIELDS[] = {
-    {FIELD_X, "x"}, {FIELD_Y, "y"}, {FIELD_Z, "z"}, {FIELD_MAGNITUDE, "_magnitude"}};
 constexpr unsigned LAYOUT_RELEASE = 203;
+}
+
+constexpr auto gsl_PersistentVector::Fields()
+{
+    return cls_Fields(cls_Field{"x", &gsl_Vector::x_}, cls_Field{"y", &gsl_Vector::y_},
+                      cls_Field{"z", &gsl_Vector::z_}, cls_Field{"_magnitude", &gsl_Vector::magnitude_});
 }
 
 void gsl_PersistentVector::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta =
-        registrar.Create("gsl_Vector", TypeId(), LAYOUT_RELEASE,
-                         cls_TypeAdapter<gsl_PersistentVector>::Instance(), gsl_Point::TypeId());
-    for (const cls_FieldHandle& field : FIELDS)
-    {
-        meta.AddAttribute(field, cls_AttributeType::DOUBLE, cls_UniversalRoot, cls_CollectionType::SINGLE);
-    }
+    Fields().Declare(registrar.Create("gsl_Vector", TypeId(), LAYOUT_RELEASE,
+                                      cls_TypeAdapter<gsl_PersistentVector>::Instance(),
+                                      gsl_Point::TypeId()));
 }
 
 gsl_PersistentVector::gsl_PersistentVector(const cls_ReadVisitor& reader)
 {
-    reader.ReadDouble(FIELDS[FIELD_X], vector_.x_);
-    reader.ReadDouble(FIELDS[FIELD_Y], vector_.y_);
-    reader.ReadDouble(FIELDS[FIELD_Z], vector_.z_);
+    vector_.magnitude_ = -1.0;
+    Fields().Read(reader, vector_);
+    const double stored = vector_.magnitude_;
     vector_.ComputeMagnitude();
-    double stored = -1.0;
-    reader.ReadDouble(FIELDS[FIELD_MAGNITUDE], stored);
     // A unit vector's length is stored as exactly 1, which its components may miss by rounding.
     if (stored < 0.0)
     {
@@ -50,12 +45,8 @@ gsl_PersistentVector::gsl_PersistentVector(const cls_ReadVisitor& reader)
 
 void gsl_PersistentVector::DBWrite(const cls_WriteVisitor& writer) const
 {
-    if (!writer.AnnounceValue(TypeId()))
+    if (writer.AnnounceValue(TypeId()))
     {
-        return;
+        Fields().Write(writer, vector_);
     }
-    writer.WriteDouble(FIELDS[FIELD_X], vector_.x_);
-    writer.WriteDouble(FIELDS[FIELD_Y], vector_.y_);
-    writer.WriteDouble(FIELDS[FIELD_Z], vector_.z_);
-    writer.WriteDouble(FIELDS[FIELD_MAGNITUDE], vector_.magnitude_);
 }

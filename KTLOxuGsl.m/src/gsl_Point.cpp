@@ -1,7 +1,6 @@
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <gsl_Indent.h>
 #include <gsl_Matrix.h>
 #include <gsl_Plane.h>
@@ -13,20 +12,20 @@
 
 namespace
 {
-// Stored order: append only. A retired field keeps its index.
-enum Field { FIELD_X, FIELD_Y, FIELD_Z };
-constexpr cls_FieldHandle FIELDS[] = {{FIELD_X, "x"}, {FIELD_Y, "y"}, {FIELD_Z, "z"}};
 constexpr unsigned LAYOUT_RELEASE = 203;
+}
+
+constexpr auto gsl_Point::Fields()
+{
+    return cls_Fields(cls_Field{"x", &gsl_Point::x_}, cls_Field{"y", &gsl_Point::y_},
+                      cls_Field{"z", &gsl_Point::z_});
 }
 
 void gsl_Point::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
     cls_ClassMetadata& meta = registrar.Create("gsl_Point", TypeId(), LAYOUT_RELEASE,
                                                cls_TypeAdapter<gsl_Point>::Instance(), cls_UniversalRoot);
-    for (const cls_FieldHandle& field : FIELDS)
-    {
-        meta.AddAttribute(field, cls_AttributeType::DOUBLE, cls_UniversalRoot, cls_CollectionType::SINGLE);
-    }
+    Fields().Declare(meta);
     meta.AddDtor(&gsl_Point::CowDtor);
 }
 
@@ -37,9 +36,7 @@ void gsl_Point::CowDtor(void* body)
 
 gsl_Point::gsl_Point(const cls_ReadVisitor& reader) : uid_(reader.Uid())
 {
-    reader.ReadDouble(FIELDS[FIELD_X], x_);
-    reader.ReadDouble(FIELDS[FIELD_Y], y_);
-    reader.ReadDouble(FIELDS[FIELD_Z], z_);
+    Fields().Read(reader, *this);
 }
 
 void gsl_Point::Transform(const gsl_Matrix& matrix)
@@ -52,17 +49,11 @@ void gsl_Point::Transform(const gsl_Matrix& matrix)
 
 double gsl_Point::operator[](int index) const
 {
-    switch (index)
+    if (index < 0 || index > 2)
     {
-    case 0:
-        return x_;
-    case 1:
-        return y_;
-    case 2:
-        return z_;
-    default:
         nex_RaiseRange(index, 3, "KTLOxuGsl.m/src/gsl_Point", __LINE__);
     }
+    return index == 0 ? x_ : index == 1 ? y_ : z_;
 }
 
 double gsl_Point::GetDistance(const gsl_StLine& line) const
@@ -147,11 +138,8 @@ void gsl_Point::Print(aio_ostream& stream, int indent) const
 
 void gsl_Point::DBWrite(const cls_WriteVisitor& writer) const
 {
-    if (!writer.Announce(TypeId(), uid_))
+    if (writer.Announce(TypeId(), uid_))
     {
-        return;
+        Fields().Write(writer, *this);
     }
-    writer.WriteDouble(FIELDS[FIELD_X], x_);
-    writer.WriteDouble(FIELDS[FIELD_Y], y_);
-    writer.WriteDouble(FIELDS[FIELD_Z], z_);
 }

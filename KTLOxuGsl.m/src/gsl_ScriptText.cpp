@@ -5,36 +5,37 @@
 
 namespace
 {
-omu_PrimTuple TupleOf(double x, double y, double z)
+template <class T>
+omu_PrimTuple TupleOf(const T& t)
 {
     omu_PrimTuple tuple;
-    tuple.Put(x);
-    tuple.Put(y);
-    tuple.Put(z);
+    tuple.Put(t.X());
+    tuple.Put(t.Y());
+    tuple.Put(t.Z());
     return tuple;
 }
 
-cow_String PairText(const omu_PrimTuple& a, const omu_PrimTuple& b)
+template <class T, class U>
+cow_String PairText(const T& a, const U& b)
 {
     omu_PrimTuple pair;
-    pair.Put(a);
-    pair.Put(b);
+    pair.Put(TupleOf(a));
+    pair.Put(TupleOf(b));
     return pair.AsString(0);
 }
 }
 
 cow_String gsl_ScriptText::Of(const gsl_Point& point)
 {
-    return TupleOf(point.X(), point.Y(), point.Z()).AsString(0);
+    return TupleOf(point).AsString(0);
 }
 
 cow_String gsl_ScriptText::Of(const gsl_Point& point, const gsl_Vector& direction)
 {
-    return PairText(TupleOf(point.X(), point.Y(), point.Z()),
-                    TupleOf(direction.X(), direction.Y(), direction.Z()));
+    return PairText(point, direction);
 }
 
 cow_String gsl_ScriptText::Of(const gsl_Point& from, const gsl_Point& to)
 {
-    return PairText(TupleOf(from.X(), from.Y(), from.Z()), TupleOf(to.X(), to.Y(), to.Z()));
+    return PairText(from, to);
 }

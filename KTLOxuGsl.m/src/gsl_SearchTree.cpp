@@ -28,7 +28,7 @@ gsl_SearchTree::Cell gsl_SearchTree::MakeCell(const gsl_TriOctreeNode& node, int
 
 gsl_Extent gsl_SearchTree::BoxOf(const gsl_TriOctreeNode& node) const
 {
-    return source_.IsMoved() ? gsl_Extent(node.Box(), source_.Transform()) : gsl_Extent(node.Box());
+    return gsl_Extent(node.Box(), source_.Transform());
 }
 
 bool gsl_SearchTree::ListCounts(const gsl_TriOctreeNode& node) const

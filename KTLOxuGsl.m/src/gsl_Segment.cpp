@@ -1,33 +1,30 @@
 #include <algorithm>
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <gsl_Segment.h>
 #include <gsl_Util.h>
 
 namespace
 {
-// Stored order: append only. A retired field keeps its index.
-enum Field { POINT1, POINT2 };
-constexpr cls_FieldHandle FIELDS[] = {{POINT1, "_point1"}, {POINT2, "_point2"}};
 constexpr unsigned LAYOUT_RELEASE = 800;
+}
+
+constexpr auto gsl_Segment::Fields()
+{
+    return cls_Fields(cls_Field{"_point1", &gsl_Segment::point1_},
+                      cls_Field{"_point2", &gsl_Segment::point2_});
 }
 
 void gsl_Segment::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta = registrar.Create("gsl_Segment", TypeId(), LAYOUT_RELEASE,
-                                               cls_TypeAdapter<gsl_Segment>::Instance(), cls_UniversalRoot);
-    for (const cls_FieldHandle& field : FIELDS)
-    {
-        meta.AddAttribute(field, cls_AttributeType::OBJECT, gsl_Point::TypeId(), cls_CollectionType::SINGLE);
-    }
+    Fields().Declare(registrar.Create("gsl_Segment", TypeId(), LAYOUT_RELEASE,
+                                      cls_TypeAdapter<gsl_Segment>::Instance(), cls_UniversalRoot));
 }
 
 gsl_Segment::gsl_Segment(const cls_ReadVisitor& reader)
 {
-    reader.ReadObject(FIELDS[POINT1], point1_);
-    reader.ReadObject(FIELDS[POINT2], point2_);
+    Fields().Read(reader, *this);
 }
 
 gsl_Vector gsl_Segment::Direction() const
@@ -69,6 +66,5 @@ void gsl_Segment::DBWrite(const cls_WriteVisitor& writer) const
     {
         return;
     }
-    writer.WriteObject(FIELDS[POINT1], point1_);
-    writer.WriteObject(FIELDS[POINT2], point2_);
+    Fields().Write(writer, *this);
 }

@@ -19,17 +19,6 @@ std::uint64_t FreshStamp() noexcept
     return last.fetch_add(1, std::memory_order_relaxed) + 1;
 }
 
-bool Same(const gsl_Point& a, const gsl_Point& b)
-{
-    return a.X() == b.X() && a.Y() == b.Y() && a.Z() == b.Z();
-}
-
-// To the last bit, unlike the equality of boxes.
-bool HasCorners(const gsl_BBox& box, const gsl_Point& low, const gsl_Point& high)
-{
-    return Same(box.Low(), low) && Same(box.High(), high);
-}
-
 gsl_TriOctreeNode* MakeNode(const gsl_BBox& box, int level, int index, gsl_TriOctreeNode* parent)
 {
     return new gsl_TriOctreeNode(box, level, index, parent);
@@ -85,7 +74,7 @@ void gsl_TriOctreeNode::Divide(const gsl_BBox& box, int maxDepth, ChildMaker mak
     ordinary_ = true;
     maxDepth_ = maxDepth;
     makeChild_ = makeChild;
-    if (HasCorners(box, box_.Low(), box_.High()))
+    if (gsl_OctreeSplit::IsSame(box, box_))
     {
         return; // children are made when they are needed; those of another box are made at once
     }
@@ -109,7 +98,8 @@ void gsl_TriOctreeNode::Build(int i, gsl_TriOctreeNode* child, int maxDepth)
     const int before = At(i) ? At(i)->count_ : 0;
     At(i).reset(child);
     child->parent_ = this;
-    ordinary_ = ordinary_ && i < gsl_OctreeSplit::SLOTS && gsl_OctreeSplit(box_).IsSlotBox(i, child->box_);
+    ordinary_ = ordinary_ && i < gsl_OctreeSplit::SLOTS &&
+                gsl_OctreeSplit::IsSame(gsl_OctreeSplit(box_).SlotBox(i), child->box_);
     if (before != 0 || child->count_ != 0)
     {
         NoteChange(child->count_ - before);
@@ -183,12 +173,12 @@ int gsl_TriOctreeNode::FirstSlotHolding(const double low[3], const double high[3
 
 gsl_TriOctreeNode* gsl_TriOctreeNode::MakeChild(int slot)
 {
-    const gsl_OctreeSplit split(box_);
-    if (level_ >= LAST_REPEATED_LEVEL && split.IsSlotBox(slot, box_))
+    const gsl_BBox box = gsl_OctreeSplit(box_).SlotBox(slot);
+    if (level_ >= LAST_REPEATED_LEVEL && gsl_OctreeSplit::IsSame(box, box_))
     {
         return nullptr;
     }
-    Build(slot, makeChild_(split.SlotBox(slot), level_ + 1, slot, this), maxDepth_);
+    Build(slot, makeChild_(box, level_ + 1, slot, this), maxDepth_);
     return At(slot).get();
 }
 

@@ -38,6 +38,35 @@ gsl_Plane PlaneOf(const gsl_Triangle& triangle, gsl_Vector normal)
     return {triangle.Point(0), normal};
 }
 
+// Calls visit(node) for all that is below a node, level by level, until it answers false. depth counts the
+// levels, that of the node itself being the first.
+template <class Visit>
+void VisitBelow(const gsl_TriOctreeNode& top, int depth, Visit visit)
+{
+    std::vector<const gsl_TriOctreeNode*> generation{&top};
+    for (int level = 1; level < depth && !generation.empty(); ++level)
+    {
+        std::vector<const gsl_TriOctreeNode*> next;
+        for (const gsl_TriOctreeNode* node : generation)
+        {
+            for (int slot = 0; slot < node->GetChildCount(); ++slot)
+            {
+                const gsl_TriOctreeNode* child = node->Child(slot);
+                if (child == nullptr)
+                {
+                    continue;
+                }
+                if (!visit(*child))
+                {
+                    return;
+                }
+                next.push_back(child);
+            }
+        }
+        generation.swap(next);
+    }
+}
+
 bool Lower(const gsl_TravelSpan& span, double tolerance, double& distance)
 {
     double travel = 0.0;
@@ -82,7 +111,7 @@ bool gsl_TriTriDirDist::SetDirection(const gsl_Vector& direction)
     {
         return false;
     }
-    work_->SetStage({direction_.X(), direction_.Y(), direction_.Z()}, pairTolerance_);
+    work_->stage = gsl_PairStage(gsl_TripleOf(direction_), pairTolerance_);
     return true;
 }
 
@@ -179,26 +208,17 @@ bool gsl_TriTriDirDist::SearchNested(const gsl_TriOctreeNode& fixedRoot, const g
         return false;
     }
     bool found = RecursiveFindDirDist(fixedRoot, movableRoot, true, distance);
-    std::vector<const gsl_TriOctreeNode*> generation{&fixedRoot};
     double looked = fixedRoot.Triangles().Length();
-    for (int depth = 1; depth < maxDepth_ && !generation.empty() && !work_->clock.Stopped(); ++depth)
-    {
-        std::vector<const gsl_TriOctreeNode*> next;
-        for (const gsl_TriOctreeNode* node : generation)
+    VisitBelow(fixedRoot, maxDepth_, [&](const gsl_TriOctreeNode& child) {
+        if (work_->clock.Stopped())
         {
-            for (int slot = 0; slot < node->GetChildCount() && !work_->clock.Stopped(); ++slot)
-            {
-                if (const gsl_TriOctreeNode* child = node->Child(slot))
-                {
-                    found = RecursiveFindDirDist(*child, movableRoot, false, distance) || found;
-                    next.push_back(child);
-                    looked += child->Triangles().Length();
-                    work_->clock.SetDone(looked / fixedRoot.TriangleCount());
-                }
-            }
+            return false;
         }
-        generation.swap(next);
-    }
+        found = RecursiveFindDirDist(child, movableRoot, false, distance) || found;
+        looked += child.Triangles().Length();
+        work_->clock.SetDone(looked / fixedRoot.TriangleCount());
+        return true;
+    });
     if (found && debug_ != nullptr)
     {
         gsl_TracePrint(debug_, "  Distance: %lf\n", {distance});
@@ -216,29 +236,14 @@ bool gsl_TriTriDirDist::RecursiveFindDirDist(const gsl_TriOctreeNode& fixed, con
     bool found = FindDirDistUsingTriangles(fixed, movable, distance);
     // Every nested call walks its own levels, so nodes deep down are visited again and again: the answer is
     // the same, since distance only falls.
-    std::vector<const gsl_TriOctreeNode*> generation{&movable};
-    for (int depth = 1; depth < maxDepth_ && !generation.empty(); ++depth)
-    {
-        std::vector<const gsl_TriOctreeNode*> next;
-        for (const gsl_TriOctreeNode* node : generation)
+    VisitBelow(movable, maxDepth_, [&](const gsl_TriOctreeNode& child) {
+        if (!work_->clock.Spend(1))
         {
-            for (int slot = 0; slot < node->GetChildCount(); ++slot)
-            {
-                const gsl_TriOctreeNode* child = node->Child(slot);
-                if (child == nullptr)
-                {
-                    continue;
-                }
-                if (!work_->clock.Spend(1))
-                {
-                    return found;
-                }
-                found = RecursiveFindDirDist(fixed, *child, false, distance) || found;
-                next.push_back(child);
-            }
+            return false;
         }
-        generation.swap(next);
-    }
+        found = RecursiveFindDirDist(fixed, child, false, distance) || found;
+        return true;
+    });
     return found;
 }
 
@@ -431,8 +436,8 @@ bool gsl_TriTriDirDist::FindDirDistBetTriAndTri(const gsl_Triangle& a, const gsl
     }
     gsl_TravelSpan span;
     work_->stage.Project(Work::Prepared(work_->stage, a, a.Normal()).view,
-                         Work::Prepared(work_->stage, b, planeOfB.Direction()).view,
-                         {unit.X(), unit.Y(), unit.Z()}, {}, span);
+                         Work::Prepared(work_->stage, b, planeOfB.Direction()).view, gsl_TripleOf(unit), {},
+                         span);
     return Lower(span, pairTolerance_, distance);
 }
 
@@ -447,11 +452,11 @@ bool gsl_TriTriDirDist::FindDirDistBothDegen(const gsl_Triangle& a, const gsl_Tr
 bool gsl_TriTriDirDist::FindLineLineInt(const gsl_StLine& line1, const gsl_StLine& line2, gsl_Point& out,
                                         double& s1, double& s2) const
 {
-    const auto triple = [](const auto& v) { return gsl_Triple{v.X(), v.Y(), v.Z()}; };
     double at1 = 0.0;
     double at2 = 0.0;
-    if (!gsl_PairStage::Cross(triple(line1.PointOn()), triple(line1.Direction()), triple(line2.PointOn()),
-                              triple(line2.Direction()), pairTolerance_, at1, at2))
+    if (!gsl_PairStage::Cross(gsl_TripleOf(line1.PointOn()), gsl_TripleOf(line1.Direction()),
+                              gsl_TripleOf(line2.PointOn()), gsl_TripleOf(line2.Direction()), pairTolerance_,
+                              at1, at2))
     {
         return false;
     }

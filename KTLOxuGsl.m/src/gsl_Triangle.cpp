@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <gsl_Plane.h>
 #include <gsl_Segment.h>
 #include <gsl_Triangle.h>
@@ -50,14 +49,7 @@ gsl_BBox gsl_Triangle::GetBBox() const
 
 void gsl_Triangle::GetExtent(double low[3], double high[3]) const noexcept
 {
-    const double xyz[3][CORNERS] = {{corner_[0].X(), corner_[1].X(), corner_[2].X()},
-                                    {corner_[0].Y(), corner_[1].Y(), corner_[2].Y()},
-                                    {corner_[0].Z(), corner_[1].Z(), corner_[2].Z()}};
-    for (int axis = 0; axis < 3; ++axis)
-    {
-        low[axis] = std::min({xyz[axis][0], xyz[axis][1], xyz[axis][2]});
-        high[axis] = std::max({xyz[axis][0], xyz[axis][1], xyz[axis][2]});
-    }
+    GetBBox().GetExtent(low, high);
 }
 
 bool gsl_Triangle::Contains(const gsl_Point& p) const

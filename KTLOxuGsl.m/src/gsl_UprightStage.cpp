@@ -11,18 +11,13 @@ constexpr double ROUNDINGS = 16.0 * std::numeric_limits<double>::epsilon();
 // Below this sine two upright planes count as parallel.
 constexpr double PARALLEL_PLANES = 1e-9;
 
-double Largest(const gsl_Triple& p)
-{
-    return std::max({std::abs(p.x), std::abs(p.y), std::abs(p.z)});
-}
-
 // How far off rounding may have put differences between the pair's corners and an origin among them.
 double RoundingOf(const gsl_StageView& a, const gsl_StageView& b, const gsl_Triple& origin)
 {
     double extent = 0.0;
     for (int i = 0; i < 3; ++i)
     {
-        extent = std::max({extent, Largest(a.corner[i] - origin), Largest(b.corner[i] - origin)});
+        extent = std::max({extent, gsl_Largest3(a.corner[i] - origin), gsl_Largest3(b.corner[i] - origin)});
     }
     return ROUNDINGS * extent;
 }
@@ -44,6 +39,12 @@ struct Upright
         }
     }
 
+    // The heights over a corner of another triangle in the same plane.
+    template <class Found>
+    void HeightsAt(const Upright& other, int corner, double reach, Found found) const
+    {
+        Heights(other.across[corner], reach, found);
+    }
     // Calls found(height, place) for every side that the upright line at that place meets, within reach:
     // once, or for both ends of a side that is upright itself.
     template <class Found>
@@ -71,6 +72,31 @@ struct Upright
         }
     }
 };
+
+// Adds the contacts that the corners of each triangle to be tested have with the other one.
+template <class Flat>
+void AddCorners(const Flat& movable, const Flat& fixed, const gsl_PairTests& tests, double reach,
+                gsl_TravelSpan& span)
+{
+    for (int i = 0; i < 3; ++i)
+    {
+        if (gsl_PairTests::Has(tests.movable, i))
+        {
+            fixed.HeightsAt(movable, i, reach, [&](double height, const gsl_Triple& place) {
+                span.Add(height - movable.height[i], movable.triangle.corner[i], place);
+            });
+        }
+    }
+    for (int i = 0; i < 3; ++i)
+    {
+        if (gsl_PairTests::Has(tests.fixed, i))
+        {
+            movable.HeightsAt(fixed, i, reach, [&](double height, const gsl_Triple& place) {
+                span.Add(fixed.height[i] - height, place, fixed.triangle.corner[i]);
+            });
+        }
+    }
+}
 
 // The places of a triangle over one place across the direction, from its lowest to its highest.
 struct Rise
@@ -127,11 +153,13 @@ struct gsl_UprightStage::Seen
                    : a - b;
     }
 
-    // Calls found(height, place) for the triangle's place over (px, py), and for the place nearest to it on
-    // every side that passes within reach: both ends of a side that is upright itself.
+    // Calls found(height, place) for the triangle's place over a corner of another one, and for the place
+    // nearest to it on every side that passes within reach: both ends of a side that is upright itself.
     template <class Found>
-    void Heights(double px, double py, double reach, Found found) const
+    void HeightsAt(const Seen& other, int corner, double reach, Found found) const
     {
+        const double px = other.x[corner];
+        const double py = other.y[corner];
         const double weight[3] = {Area(1, 2, px, py), Area(2, 0, px, py), Area(0, 1, px, py)};
         const double total = weight[0] + weight[1] + weight[2];
         const double size = std::max({std::abs(x[1] - x[0]), std::abs(y[1] - y[0]), std::abs(x[2] - x[0]),
@@ -190,26 +218,7 @@ void gsl_UprightStage::Clip(const gsl_StageView& movable, const gsl_StageView& f
 void gsl_UprightStage::ClipWithin(const Seen& movable, const Seen& fixed, const gsl_PairTests& tests,
                                   double reach, gsl_TravelSpan& span) const
 {
-    for (int i = 0; i < 3; ++i)
-    {
-        if (!gsl_PairTests::Has(tests.movable, i))
-        {
-            continue;
-        }
-        fixed.Heights(movable.x[i], movable.y[i], reach, [&](double height, const gsl_Triple& place) {
-            span.Add(height - movable.height[i], movable.triangle.corner[i], place);
-        });
-    }
-    for (int i = 0; i < 3; ++i)
-    {
-        if (!gsl_PairTests::Has(tests.fixed, i))
-        {
-            continue;
-        }
-        movable.Heights(fixed.x[i], fixed.y[i], reach, [&](double height, const gsl_Triple& place) {
-            span.Add(fixed.height[i] - height, place, fixed.triangle.corner[i]);
-        });
-    }
+    AddCorners(movable, fixed, tests, reach, span);
     if (!tests.edges)
     {
         return;
@@ -271,26 +280,7 @@ void gsl_UprightStage::InOnePlane(const gsl_StageView& movable, const gsl_StageV
     const double rounding = std::min(RoundingOf(movable, fixed, origin), tolerance_);
     for (const double reach : {rounding, tolerance_})
     {
-        for (int i = 0; i < 3; ++i)
-        {
-            if (!gsl_PairTests::Has(tests.movable, i))
-            {
-                continue;
-            }
-            ownFixed.Heights(ownMovable.across[i], reach, [&](double height, const gsl_Triple& place) {
-                span.Add(height - ownMovable.height[i], movable.corner[i], place);
-            });
-        }
-        for (int i = 0; i < 3; ++i)
-        {
-            if (!gsl_PairTests::Has(tests.fixed, i))
-            {
-                continue;
-            }
-            ownMovable.Heights(ownFixed.across[i], reach, [&](double height, const gsl_Triple& place) {
-                span.Add(ownFixed.height[i] - height, place, fixed.corner[i]);
-            });
-        }
+        AddCorners(ownMovable, ownFixed, tests, reach, span);
         if (!span.IsEmpty())
         {
             return;

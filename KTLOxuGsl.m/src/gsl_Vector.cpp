@@ -14,6 +14,14 @@ namespace
 {
 constexpr double DEGREES = 180.0 / std::numbers::pi;
 
+void Check(int index)
+{
+    if (index < 0 || index > 2)
+    {
+        nex_RaiseRange(index, 3, "KTLOxuGsl.m/src/gsl_Vector", __LINE__);
+    }
+}
+
 double Unit(double component, double magnitude)
 {
     return magnitude == 0.0 ? 0.0 : component / magnitude;
@@ -36,36 +44,15 @@ gsl_Vector::gsl_Vector(const gsl_Point& p1, const gsl_Point& p2, const gsl_Point
 
 void gsl_Vector::Set(int index, double value)
 {
-    switch (index)
-    {
-    case 0:
-        x_ = value;
-        break;
-    case 1:
-        y_ = value;
-        break;
-    case 2:
-        z_ = value;
-        break;
-    default:
-        nex_RaiseRange(index, 3, "KTLOxuGsl.m/src/gsl_Vector", __LINE__);
-    }
+    Check(index);
+    (index == 0 ? x_ : index == 1 ? y_ : z_) = value;
     magnitude_ = -1.0;
 }
 
 double gsl_Vector::operator[](int index) const
 {
-    switch (index)
-    {
-    case 0:
-        return x_;
-    case 1:
-        return y_;
-    case 2:
-        return z_;
-    default:
-        nex_RaiseRange(index, 3, "KTLOxuGsl.m/src/gsl_Vector", __LINE__);
-    }
+    Check(index);
+    return index == 0 ? x_ : index == 1 ? y_ : z_;
 }
 
 void gsl_Vector::FromCoordinates(const double* xyz)

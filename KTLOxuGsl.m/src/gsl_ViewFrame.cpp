@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cmath>
 #include <gsl_Vector.h>
 #include <gsl_ViewFrame.h>
@@ -27,10 +26,8 @@ bool gsl_ViewFrame::Unit(const gsl_Vector& direction, gsl_Vector& unit)
 {
     // Scaled first, so that the length of a tiny or huge vector neither vanishes nor overflows. A power of
     // two leaves the digits as they are.
-    const double largest =
-        std::max({std::abs(direction.X()), std::abs(direction.Y()), std::abs(direction.Z())});
     int exponent = 0;
-    std::frexp(largest, &exponent);
+    std::frexp(gsl_Largest3(gsl_TripleOf(direction)), &exponent);
     gsl_Vector scaled(std::ldexp(direction.X(), -exponent), std::ldexp(direction.Y(), -exponent),
                       std::ldexp(direction.Z(), -exponent));
     if (!std::isfinite(scaled.Magnitude()) || !scaled.Normalize(0.0))

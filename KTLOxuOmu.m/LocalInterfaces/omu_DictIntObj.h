@@ -9,10 +9,10 @@ class omu_PrimList;
 class OXU_EXPORT omu_DictIntObj : public omu_InterfaceObj
 {
 public:
-    omu_DictIntObj(const omu_Shortcut& shortcut, omu_OperationRules rules, omu_PythonType pythonType);
-    explicit omu_DictIntObj(const omu_Shortcut& shortcut);
+    explicit omu_DictIntObj(const omu_Shortcut& shortcut = omu_Shortcut(),
+                            omu_OperationRules rules = omu_OperationRules(),
+                            omu_PythonType pythonType = omu_PythonType::MAPPING);
     omu_DictIntObj(omu_OperationRules rules, omu_PythonType pythonType);
-    omu_DictIntObj();
 
     virtual int Length() const = 0;
     virtual omu_PrimList* KeyList() const = 0;

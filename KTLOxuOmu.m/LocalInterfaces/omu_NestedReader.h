@@ -13,6 +13,18 @@ class omu_NestedReader
 public:
     omu_NestedReader() = delete;
 
+    /// Reads the next argument (by `keyword`, where one is given) as a sequence and gives out what `convert`
+    /// makes of it. False, and `out` as it was, when the argument is none.
+    template <class Arguments, class T, class... Keyword>
+    static bool Get(Arguments& arguments, T& out, T (*convert)(omu_PrimTuple&), const Keyword&... keyword)
+    {
+        omu_PrimTuple sequence;
+        if (!arguments.Get(sequence, keyword...))
+            return false;
+        out = convert(sequence);
+        return true;
+    }
+
     template <class T>
     static cow_List<T> Items(omu_PrimTuple& sequence)
     {

@@ -51,6 +51,9 @@ public:
     /// True when the argument just read was of the wrong type, or missing though required: that read is then
     /// undone, its keyword put back, and another type may be tried for the same argument.
     bool Alternative() override;
+    using omu_PrimTuple::Refuse;
+    /// Refuse for the argument that was just read by this keyword.
+    void Refuse(const atr_String& expected, const cow_String& keyword);
     /// Whether the argument just read failed; an optional one that was not given has not.
     bool ErrorOnPrevious() const { return ErrorArg() != 0 && ErrorArg() == Cursor(); }
     bool Error() const override;

@@ -15,10 +15,10 @@ class OXU_EXPORT omu_DictIntObjABC : public omu_DictIntObj
 public:
     static const omu_InterfaceObj::TypeDesc& Description();
 
-    omu_DictIntObjABC(const omu_Shortcut& shortcut, omu_OperationRules rules, omu_PythonType pythonType);
-    explicit omu_DictIntObjABC(const omu_Shortcut& shortcut);
+    explicit omu_DictIntObjABC(const omu_Shortcut& shortcut = omu_Shortcut(),
+                               omu_OperationRules rules = omu_OperationRules(),
+                               omu_PythonType pythonType = omu_PythonType::MAPPING);
     omu_DictIntObjABC(omu_OperationRules rules, omu_PythonType pythonType);
-    omu_DictIntObjABC();
 
     /// "{'P1': mdb.models['M'].parts['P1']}"; DefaultRepr when stale.
     cow_String AsString(int nesting) const override;

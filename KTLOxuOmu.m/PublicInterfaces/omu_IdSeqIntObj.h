@@ -11,10 +11,10 @@ class OXU_EXPORT omu_IdSeqIntObj : public omu_SeqIntObj
 public:
     static const TypeDesc& Description();
 
-    omu_IdSeqIntObj(const omu_Shortcut& shortcut, omu_OperationRules rules, omu_PythonType pythonType);
-    explicit omu_IdSeqIntObj(const omu_Shortcut& shortcut);
+    explicit omu_IdSeqIntObj(const omu_Shortcut& shortcut = omu_Shortcut(),
+                             omu_OperationRules rules = omu_OperationRules(),
+                             omu_PythonType pythonType = omu_PythonType::SEQUENCE);
     omu_IdSeqIntObj(omu_OperationRules rules, omu_PythonType pythonType);
-    omu_IdSeqIntObj();
 
     /// The identifiers by instance: "{1: [4, 5], 2: [7]}"; DefaultRepr when stale.
     cow_String AsString(int nesting) const override;

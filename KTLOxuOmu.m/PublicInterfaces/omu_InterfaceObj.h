@@ -136,10 +136,10 @@ public:
         (static_cast<const ClassOf<decltype(F)>&>(self).*F)(value);
     }
 
-    omu_InterfaceObj(const omu_Shortcut& shortcut, omu_OperationRules rules, omu_PythonType pythonType);
-    explicit omu_InterfaceObj(const omu_Shortcut& shortcut);
+    explicit omu_InterfaceObj(const omu_Shortcut& shortcut = omu_Shortcut(),
+                              omu_OperationRules rules = omu_OperationRules(),
+                              omu_PythonType pythonType = omu_PythonType::OBJECT);
     omu_InterfaceObj(omu_OperationRules rules, omu_PythonType pythonType);
-    omu_InterfaceObj();
     ~omu_InterfaceObj() override;
 
     // The order of the virtual operations is part of the interface: derived classes append.
@@ -246,8 +246,6 @@ protected:
     /// For constructors that find out late how the object is reached.
     void SetShortcut(const omu_Shortcut& shortcut) { shortcut_ = shortcut; }
 
-    /// The value as it is written inside another: interface objects by path, null "None".
-    static cow_String TextOfValue(const omu_Primitive* value);
     /// Stands in place of a value that cannot be written.
     static constexpr const char* UNKNOWN_VALUE = "'unknown'";
     /// The path, for messages: no warning when there is none, and no member asked for.

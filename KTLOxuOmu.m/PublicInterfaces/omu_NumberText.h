@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-
 #include <oxu_Export.h>
 
 /// Numbers as the scripting language writes them, put into a buffer of the caller's.

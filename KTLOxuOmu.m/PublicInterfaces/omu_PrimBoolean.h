@@ -23,5 +23,7 @@ public:
     void DBWrite(const cls_WriteVisitor& writer) const override;
 
 private:
+    static constexpr auto Fields();
+
     bool m_Value = false;
 };

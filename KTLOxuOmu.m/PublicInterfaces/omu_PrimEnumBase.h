@@ -50,5 +50,7 @@ protected:
     [[noreturn]] void RaiseNotAllowed(const char* messageTemplate, int given, int line) const;
 
 private:
+    static constexpr auto Fields();
+
     cow_String m_StringValue;
 };

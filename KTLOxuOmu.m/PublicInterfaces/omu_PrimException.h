@@ -38,6 +38,8 @@ public:
     void DBWrite(const cls_WriteVisitor& writer) const override;
 
 private:
+    static constexpr auto Fields();
+
     cow_CountedHld<const nex_CommandException> m_Exception;
     cow_String m_Traceback;
 };

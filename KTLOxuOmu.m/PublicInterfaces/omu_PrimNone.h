@@ -24,5 +24,7 @@ public:
     void DBWrite(const cls_WriteVisitor& writer) const override;
 
 private:
+    static constexpr auto Fields();
+
     bool m_IsSet = true;
 };

@@ -33,6 +33,8 @@ public:
     void DBWrite(const cls_WriteVisitor& writer) const override;
 
 private:
+    static constexpr auto Fields();
+
     cow_List<cow_String> m_Context;
     int m_ContextType = FILE_PATH;
 };

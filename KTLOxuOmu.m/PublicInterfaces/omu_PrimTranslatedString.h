@@ -26,5 +26,7 @@ public:
     void DBWrite(const cls_WriteVisitor& writer) const override;
 
 private:
+    static constexpr auto Fields();
+
     atr_String m_Value;
 };

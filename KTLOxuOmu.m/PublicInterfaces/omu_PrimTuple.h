@@ -10,6 +10,7 @@
 #include <omu_PrimVector.h>
 #include <omu_Readable.h>
 
+class omu_ArgTypeErrorException;
 class omu_PrimEnumBase;
 
 /// An ordered sequence of values that scripts do not change, kind "("; at the same time the cursor through
@@ -22,8 +23,8 @@ class omu_PrimEnumBase;
 ///     arguments.End();           // raises the first fault
 ///
 /// It owns its items; a copy shares them, and equal values in copies are never written through one another.
-/// Null items are legal and written None. Equal are
-/// sequences of one class with equal items: a tuple equals no list.
+/// Null items are legal and written None. Equal are sequences of one class with equal items: a tuple equals
+/// no list.
 class OXU_EXPORT omu_PrimTuple : public omu_PrimSequence
 {
 public:
@@ -98,7 +99,7 @@ public:
     /// Takes the other's items, and nothing of how far it was read.
     void TakeItems(const omu_PrimTuple& other);
 
-    int Length() const override { return m_Size; }
+    int Length() const override { return m_Items.Length(); }
     /// The item itself, which the tuple owns until it changes; null from a null item.
     const omu_Primitive* operator[](int index) const { return m_Items.Get(index); }
     /// Calls look(const omu_Primitive*) with the item and gives what it returns. Of a tuple of numbers the
@@ -141,7 +142,7 @@ public:
     /// Whether End would raise.
     virtual bool Error() const { return m_ErrorArg != 0 || CountError(); }
     /// Required arguments are missing, or there are more items than were read.
-    virtual bool CountError() const { return m_Size < m_ReqCount || m_Size > m_ArgCount; }
+    virtual bool CountError() const { return m_Items.Length() < m_ReqCount || m_Items.Length() > m_ArgCount; }
     /// Raises the first type fault as omu_ArgTypeErrorException, else a wrong count as
     /// omu_ArgNumberErrorException, which names as expected the number of required arguments also when there
     /// were too many. An empty text means the stored one (Nesting).
@@ -150,6 +151,9 @@ public:
     /// For readers of forms of their own: when the read before failed on the type, says that `expected` was
     /// expected there.
     void SetExpected(const atr_String& expected);
+    /// The same for an argument that the read before delivered, though it is none of what was expected: it
+    /// counts as one of a wrong type, unless there was a fault before.
+    void Refuse(const atr_String& expected);
 
     /// What a type error calls a value: its type, or the name of a symbolic constant.
     static atr_String FoundText(const omu_Primitive* value);
@@ -194,28 +198,35 @@ protected:
     void SetItem(int index, omu_Primitive* owned);
     void RemoveItem(int index);
     void ClearItems() noexcept;
-    /// Appends the items first .. last - 1 of another sequence.
-    void AppendItems(const omu_PrimTuple& other, int first, int last);
-    void AppendSequence(const omu_PrimSequence* other);
-    /// The first null item from `from` up to but not including `to`; -1 when there is none.
-    int FindNull(int from, int to) const;
-    /// Whether the other, which may be null, holds a null item.
-    static bool HasNull(const omu_PrimSequence* other);
-    /// count * Length() when that is a length, else omu_OverflowErrorException with the message.
-    int RepeatedLength(int count, const char* tooLong, const char* source, int line) const;
+    /// What Slice, Repeat and Concat of one class say when they fail, and where.
+    struct Faults
+    {
+        const char* nullItem;
+        const char* tooLong;
+        const char* source;
+        int line;
+    };
+    // The three, into an empty sequence of the caller's class.
+    void SliceInto(omu_PrimTuple& slice, int from, int to, const Faults& faults) const;
+    void RepeatInto(omu_PrimTuple& repeated, int count, const Faults& faults) const;
+    void ConcatInto(omu_PrimTuple& joined, const omu_PrimSequence* other, const Faults& faults) const;
 
     /// One read further. The read counts as required unless Optional was called.
     void IncrementCursor();
     /// The item at the cursor is not what the reader expected.
     void SetTypeError(const atr_String& expected);
     void SetError(const atr_String& expected, const atr_String& found);
+    /// The same for the item read before, unless there was a fault.
+    void SetErrorOfPrevious(const atr_String& expected, const atr_String& found);
     void SetTypes(const atr_String& expected, const atr_String& found);
     /// Expected and found type of an argument that was not given at all.
     static const atr_String& Undetermined();
+    /// The type fault that is kept.
+    omu_ArgTypeErrorException TypeFault(const cow_String& nesting) const;
     /// Everything that a successful End resets.
     void EndReading();
 
-    bool HasItem() const { return m_Cursor < m_Size; }
+    bool HasItem() const { return m_Cursor < m_Items.Length(); }
     int ReqCount() const { return m_ReqCount; }
     int ArgCount() const { return m_ArgCount; }
     bool IsOptional() const { return m_IsOptional; }
@@ -230,12 +241,16 @@ private:
     template <class T>
     void PutEach(const T* values, int count);
     template <class T>
+    void PutRows(const cow_2DArray<T>& values);
+    /// Appends the items first .. last - 1 of another sequence.
+    void AppendItems(const omu_PrimTuple& other, int first, int last);
+    void RefuseNull(int from, int to, const Faults& faults) const;
+    template <class T>
     bool Read(T& out);
     template <class T>
     T Converted() const;
 
     omu_PrimVector m_Items;
-    int m_Size = 0;
     int m_Cursor = 0;
     int m_ReqCount = 0;
     int m_ArgCount = 0;

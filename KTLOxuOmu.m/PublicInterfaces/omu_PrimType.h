@@ -39,5 +39,7 @@ public:
     void DBWrite(const cls_WriteVisitor& writer) const override;
 
 private:
+    static constexpr auto Fields();
+
     cow_String m_TypeString;
 };

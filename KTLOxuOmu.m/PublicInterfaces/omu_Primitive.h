@@ -73,8 +73,16 @@ protected:
     void SetType(char kind) { m_Type = kind; }
     /// Raises nex_PrimException "<name> cannot be stored".
     [[noreturn]] static void RefuseStoring(const cow_String& name);
+    /// How an operation is refused that a class does not have.
+    static constexpr const char* ILLEGAL_OPERATION = "Error: Illegal operation for type.";
+    /// The value as it is written inside another: its AsRepr, "None" for null.
+    static cow_String ReprOf(const omu_Primitive* value);
+    /// Equal values, or both null.
+    static bool AreEqual(const omu_Primitive* a, const omu_Primitive* b);
 
 private:
+    static constexpr auto Fields();
+
     char m_Type;
     cls_Uid uid_;
 };

@@ -38,6 +38,8 @@ public:
     virtual void DBWrite(const cls_WriteVisitor& writer) const;
 
 private:
+    static constexpr auto Fields();
+
     bool valueIsDelta_ = false;
     cls_Uid uid_;
 };

@@ -11,6 +11,11 @@
 class OXU_EXPORT omu_RangeErrorException : public nex_CommandException
 {
 public:
+    /// What m_KeywordType says of the argument.
+    enum KeywordType { INTEGER = 1, FLOATING_POINT = 2 };
+    /// What the qualifiers say of their limits.
+    enum Qualifier { NO_LIMIT = 0, INCLUSIVE = 1, EXCLUSIVE = 2 };
+
     static constexpr unsigned TypeId() { return cls_MakeTypeId(0x13, 9); }
     static void InitializeMetadata(cls_ClassRegistrar& registrar);
 
@@ -42,11 +47,11 @@ public:
     const char* PythonType() const override { return "RangeError"; }
 
     cow_String m_Keyword;  ///< name of the argument
-    int m_KeywordType = 0; ///< 1: integer argument; 2: floating-point argument; else unspecified
+    int m_KeywordType = 0; ///< a KeywordType; any other value leaves the type unsaid
     cow_String m_LowerLimitAsString;
-    int m_LowerLimitQualifier = 0; ///< 0: none; 1: inclusive; 2: exclusive
+    int m_LowerLimitQualifier = NO_LIMIT; ///< a Qualifier
     cow_String m_HigherLimitAsString;
-    int m_HigherLimitQualifier = 0; ///< as for the lower limit
+    int m_HigherLimitQualifier = NO_LIMIT; ///< a Qualifier
 
 private:
     cow_String Beginning() const;

@@ -12,10 +12,10 @@ class OXU_EXPORT omu_SeqIntObj : public omu_InterfaceObj
 public:
     static const TypeDesc& Description();
 
-    omu_SeqIntObj(const omu_Shortcut& shortcut, omu_OperationRules rules, omu_PythonType pythonType);
-    explicit omu_SeqIntObj(const omu_Shortcut& shortcut);
+    explicit omu_SeqIntObj(const omu_Shortcut& shortcut = omu_Shortcut(),
+                           omu_OperationRules rules = omu_OperationRules(),
+                           omu_PythonType pythonType = omu_PythonType::SEQUENCE);
     omu_SeqIntObj(omu_OperationRules rules, omu_PythonType pythonType);
-    omu_SeqIntObj();
 
     /// "[mdb.models['M'].parts[0], 'x']"; DefaultRepr when stale. An element that fails is told on the
     /// standard error stream and written 'unknown'.

@@ -37,17 +37,15 @@ public:
     /// Tells the standard error stream the path up to this step, where the class has a trace for it.
     virtual void TracePath(const std::string& path) const;
 
-    /// The path, put together from the steps of the chain and told nowhere.
-    std::string JoinedSteps() const;
+    /// The path, put together from the steps of the chain; where `traced` each step on the way is asked to
+    /// TracePath.
+    std::string JoinedSteps(bool traced) const;
 
 protected:
     omu_ShortcutImpl() = default;
     // A copy is a new body: how many shortcuts hold the original is none of its business.
     omu_ShortcutImpl(const omu_ShortcutImpl&) {}
     omu_ShortcutImpl& operator=(const omu_ShortcutImpl&) = delete;
-
-    /// As JoinedSteps, and where `traced` each step on the way is asked to TracePath.
-    std::string Join(bool traced) const;
 
 private:
     friend class omu_Shortcut;

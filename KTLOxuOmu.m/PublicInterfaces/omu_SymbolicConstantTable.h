@@ -6,6 +6,7 @@
 #include <oxu_Export.h>
 
 class omu_SymbolicConstantData;
+struct omu_EnumEntry;
 
 /// The names of all symbolic constants; a name's id is its place in the table. One id serves a name in every
 /// enumeration that has it. Id 0 is "_UNSPECIFIED".
@@ -27,6 +28,8 @@ public:
     /// Registers a constant that carries an id, quietly when its name is there. The id given back is the
     /// table's, which need not be the constant's; 0 for a constant without a name.
     unsigned int AddSCD(omu_SymbolicConstantData constant);
+    /// Registers the names of an enumeration's table that are not there yet.
+    void AddNames(const omu_EnumEntry* table);
 
     /// Raises the out-of-range error, after telling it, for an id that is not below Size().
     const cow_String& GetString(unsigned int id) const;

@@ -145,6 +145,17 @@ bool omu_Arguments::Alternative()
     return true;
 }
 
+void omu_Arguments::Refuse(const atr_String& expected, const cow_String& keyword)
+{
+    if (m_TakenFrom < 0)
+        omu_PrimTuple::Refuse(expected);
+    else if (ErrorArg() == 0)
+    {
+        SetErrorOfPrevious(expected, FoundText(m_Keywords.Get(keyword)));
+        m_ErrorKeyword = keyword;
+    }
+}
+
 bool omu_Arguments::Error() const
 {
     return ErrorArg() != 0 || !m_PendingKeywords.IsEmpty() || CountError();
@@ -179,14 +190,7 @@ void omu_Arguments::End(const cow_String& nesting)
         }
     }
     else if (ErrorArg() != 0)
-    {
-        omu_ArgTypeErrorException fault;
-        fault.m_ArgNum = ErrorArg();
-        fault.m_Expecting = TypeExpected();
-        fault.m_Found = TypeFound();
-        fault.m_NestingStr = where;
-        nex_Raise(fault, SOURCE, __LINE__);
-    }
+        nex_Raise(TypeFault(where), SOURCE, __LINE__);
     const int present = Length() + m_ReqKeywordCount;
     if (present < ReqCount())
         nex_Raise(omu_ArgNumberErrorException(ReqCount(), present, where), SOURCE, __LINE__);
@@ -216,8 +220,7 @@ cow_String omu_Arguments::AsString(int) const
         if (text.size() > 1)
             text += ", ";
         text.append(m_Keywords.KeyAt(i).View()) += '=';
-        const omu_Primitive* value = m_Keywords.ValueAt(i);
-        text.append(value != nullptr ? value->AsRepr().View() : std::string_view("None"));
+        text.append(ReprOf(m_Keywords.ValueAt(i)).View());
     }
     text += ')';
     return cow_String(text);

@@ -1,37 +1,27 @@
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <omu_AttributeErrorException.h>
 #include <oxu_FormatMessage.h>
 
 namespace
 {
-// Stored order: append only. A retired field keeps its index.
-enum Field { ERROR_TYPE, ATTRIBUTE };
-constexpr cls_FieldHandle FIELDS[] = {
-    {ERROR_TYPE, "m_ErrorType"},
-    {ATTRIBUTE, "m_Attribute"},
-};
+constexpr cls_Fields FIELDS(cls_Field{"m_ErrorType", &omu_AttributeErrorException::m_ErrorType},
+                            cls_Field{"m_Attribute", &omu_AttributeErrorException::m_Attribute});
 constexpr unsigned LAYOUT_RELEASE = 800;
 }
 
 void omu_AttributeErrorException::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta = registrar.Create("omu_AttributeErrorException", TypeId(), LAYOUT_RELEASE,
-                                               cls_TypeAdapter<omu_AttributeErrorException>::Instance(),
-                                               nex_CommandException::TypeId());
-    meta.AddAttribute(FIELDS[ERROR_TYPE], cls_AttributeType::INT, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
-    meta.AddAttribute(FIELDS[ATTRIBUTE], cls_AttributeType::STRING, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
+    FIELDS.Declare(registrar.Create("omu_AttributeErrorException", TypeId(), LAYOUT_RELEASE,
+                                    cls_TypeAdapter<omu_AttributeErrorException>::Instance(),
+                                    nex_CommandException::TypeId()));
 }
 
 omu_AttributeErrorException::omu_AttributeErrorException(const cls_ReadVisitor& reader)
     : nex_CommandException(reader.BaseReader())
 {
-    reader.ReadInt(FIELDS[ERROR_TYPE], m_ErrorType);
-    reader.ReadString(FIELDS[ATTRIBUTE], m_Attribute);
+    FIELDS.Read(reader, *this);
 }
 
 void omu_AttributeErrorException::Propagate() const
@@ -49,8 +39,7 @@ void omu_AttributeErrorException::DBWrite(const cls_WriteVisitor& writer) const
     if (!writer.Announce(TypeId(), Identifier()))
         return;
     nex_CommandException::DBWrite(writer.BaseWriter());
-    writer.WriteInt(FIELDS[ERROR_TYPE], m_ErrorType);
-    writer.WriteString(FIELDS[ATTRIBUTE], m_Attribute);
+    FIELDS.Write(writer, *this);
 }
 
 cow_String omu_AttributeErrorException::JournalMessage() const

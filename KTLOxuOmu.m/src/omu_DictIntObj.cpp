@@ -8,15 +8,9 @@ omu_DictIntObj::omu_DictIntObj(const omu_Shortcut& shortcut, omu_OperationRules 
     : omu_InterfaceObj(shortcut, rules, pythonType)
 {}
 
-omu_DictIntObj::omu_DictIntObj(const omu_Shortcut& shortcut)
-    : omu_DictIntObj(shortcut, omu_OperationRules(), omu_PythonType::MAPPING)
-{}
-
 omu_DictIntObj::omu_DictIntObj(omu_OperationRules rules, omu_PythonType pythonType)
     : omu_DictIntObj(omu_Shortcut(), rules, pythonType)
 {}
-
-omu_DictIntObj::omu_DictIntObj() : omu_DictIntObj(omu_Shortcut()) {}
 
 cow_String omu_DictIntObj::EntryText(const cow_String& key, const omu_Primitive* value) const
 {
@@ -28,7 +22,7 @@ cow_String omu_DictIntObj::EntryText(const cow_String& key, const omu_Primitive*
     }
     try
     {
-        return TextOfValue(value);
+        return ReprOf(value);
     }
     catch (const KTLBasException& failure)
     {

@@ -3,21 +3,20 @@
 #include <omu_Arguments.h>
 #include <omu_DictIntObjABC.h>
 #include <omu_GenericTypeErrorException.h>
+#include <omu_ItemReader.h>
 #include <omu_KeyErrorException.h>
 #include <omu_PrimBoolean.h>
 #include <omu_PrimList.h>
-#include <omu_PrimNumber.h>
 #include <omu_PrimString.h>
-#include <omu_PrimTranslatedString.h>
 #include <omu_ValueErrorException.h>
 #include <optional>
 #include <oxu_FormatMessage.h>
 #include <string>
+#include <type_traits>
 
 namespace
 {
 constexpr const char* SOURCE = "KTLOxuOmu.m/src/omu_DictIntObjABC";
-constexpr const char* ILLEGAL_OPERATION = "Error: Illegal operation for type.";
 constexpr const char* KEY_TAKEN = "toName %s  already exists";
 
 cow_String KeyText(const cow_String& key)
@@ -35,49 +34,22 @@ cow_String KeyText(const omu_PrimEnumBase& key)
     return key.GetString();
 }
 
-omu_Primitive* NewKey(const cow_String& key)
+// The key as scripts write it.
+template <class K>
+cow_String KeyRepr(const K& key)
 {
-    return new omu_PrimString(key);
-}
-
-omu_Primitive* NewKey(int key)
-{
-    return new omu_PrimNumber(key);
-}
-
-omu_Primitive* NewKey(const omu_PrimEnumBase& key)
-{
-    return key.Copy();
+    if constexpr (std::is_same_v<K, cow_String>)
+        return omu_PrimString::Quoted(key);
+    else
+        return KeyText(key);
 }
 
 // The key that a value stands for; none for a value of another kind.
 template <class K>
-std::optional<K> KeyOf(const omu_Primitive& value);
-
-template <>
-std::optional<cow_String> KeyOf(const omu_Primitive& value)
+std::optional<K> KeyOf(const omu_Primitive& value)
 {
-    if (const auto* text = dynamic_cast<const omu_PrimString*>(&value))
-        return text->Value();
-    if (const auto* text = dynamic_cast<const omu_PrimTranslatedString*>(&value))
-        return text->AsTranslatedString();
-    return std::nullopt;
-}
-
-template <>
-std::optional<int> KeyOf(const omu_Primitive& value)
-{
-    const auto* number = dynamic_cast<const omu_PrimNumber*>(&value);
-    if (number == nullptr || number->DataType() != omu_PrimNumber::DataTypeEnm::INT)
-        return std::nullopt;
-    return static_cast<int>(number->AsDouble());
-}
-
-template <>
-std::optional<omu_PrimEnumBase> KeyOf(const omu_Primitive& value)
-{
-    const auto* constant = dynamic_cast<const omu_PrimEnumBase*>(&value);
-    return constant == nullptr ? std::nullopt : std::optional(*constant);
+    K key{};
+    return omu_ItemReader::Read(value, key) ? std::optional(key) : std::nullopt;
 }
 
 void ReadNothing(omu_Arguments& arguments)
@@ -101,18 +73,16 @@ template <class K>
 const omu_InterfaceObj::TypeDesc& omu_DictIntObjABC<K>::Description()
 {
     using Self = omu_DictIntObjABC;
-    constexpr unsigned quiet = omu_InterfaceObj::NOT_JOURNALLED;
-    static const omu_InterfaceObj::methodTable METHODS[] = {
-        {"has_key", omu_InterfaceObj::Method<&Self::MyHasKey>, quiet},
-        {"keys", omu_InterfaceObj::Method<&Self::MyKeys>, quiet},
-        {"items", omu_InterfaceObj::Method<&Self::MyItems>, quiet},
-        {"values", omu_InterfaceObj::Method<&Self::MyVals>, quiet},
-        {"changeKey", omu_InterfaceObj::Method<&Self::MyChangeKey>},
-        {"_summary", omu_InterfaceObj::Method<&Self::MySummary>, quiet},
-        {"_summaryRow", omu_InterfaceObj::Method<&Self::MySummaryRow>, quiet},
-        {}};
-    static const omu_InterfaceObj::TypeDesc description =
-        omu_InterfaceObj::DescribeType("OrvexDictionary", METHODS, nullptr, nullptr, nullptr);
+    constexpr unsigned quiet = NOT_JOURNALLED;
+    static const methodTable METHODS[] = {{"has_key", Method<&Self::MyHasKey>, quiet},
+                                          {"keys", Method<&Self::MyKeys>, quiet},
+                                          {"items", Method<&Self::MyItems>, quiet},
+                                          {"values", Method<&Self::MyVals>, quiet},
+                                          {"changeKey", Method<&Self::MyChangeKey>},
+                                          {"_summary", Method<&Self::MySummary>, quiet},
+                                          {"_summaryRow", Method<&Self::MySummaryRow>, quiet},
+                                          {}};
+    static const TypeDesc description = DescribeType("OrvexDictionary", METHODS, nullptr, nullptr, nullptr);
     return description;
 }
 
@@ -121,13 +91,8 @@ omu_DictIntObjABC<K>::omu_DictIntObjABC(const omu_Shortcut& shortcut, omu_Operat
                                         omu_PythonType pythonType)
     : omu_DictIntObj(shortcut, rules, pythonType)
 {
-    this->SetTypeDesc(Description());
+    SetTypeDesc(Description());
 }
-
-template <class K>
-omu_DictIntObjABC<K>::omu_DictIntObjABC(const omu_Shortcut& shortcut)
-    : omu_DictIntObjABC(shortcut, omu_OperationRules(), omu_PythonType::MAPPING)
-{}
 
 template <class K>
 omu_DictIntObjABC<K>::omu_DictIntObjABC(omu_OperationRules rules, omu_PythonType pythonType)
@@ -135,31 +100,27 @@ omu_DictIntObjABC<K>::omu_DictIntObjABC(omu_OperationRules rules, omu_PythonType
 {}
 
 template <class K>
-omu_DictIntObjABC<K>::omu_DictIntObjABC() : omu_DictIntObjABC(omu_Shortcut())
-{}
-
-template <class K>
 cow_String omu_DictIntObjABC<K>::TextOf(const K& key, const omu_PrimList* values, int place) const
 {
     const cow_String name = GetKeyAsString(key);
     if (values != nullptr)
-        return values->View(place, [&](const omu_Primitive* value) { return this->EntryText(name, value); });
+        return values->View(place, [&](const omu_Primitive* value) { return EntryText(name, value); });
     try
     {
-        return this->EntryText(name, std::unique_ptr<omu_Primitive>(Subscript(key)).get());
+        return EntryText(name, std::unique_ptr<omu_Primitive>(Subscript(key)).get());
     }
     catch (const KTLBasException& failure)
     {
-        this->ReportSubscript(name, failure.UserReport());
-        return this->UNKNOWN_VALUE;
+        ReportSubscript(name, failure.UserReport());
+        return UNKNOWN_VALUE;
     }
 }
 
 template <class K>
 cow_String omu_DictIntObjABC<K>::AsString(int) const
 {
-    if (this->IsStale())
-        return this->DefaultRepr();
+    if (IsStale())
+        return DefaultRepr();
     const cow_List<K> keys = Keys();
     std::unique_ptr<omu_PrimList> values;
     try
@@ -170,14 +131,14 @@ cow_String omu_DictIntObjABC<K>::AsString(int) const
     {
         // Asked for one by one, those that can be had are written and the others told.
     }
-    if (values && !this->FitsKeys(*values, keys.Length()))
+    if (values && !FitsKeys(*values, keys.Length()))
         values.reset();
     cow_String text = "{";
     for (int place = 0; place < keys.Length(); ++place)
     {
         if (place > 0)
             text += ", ";
-        text += std::unique_ptr<omu_Primitive>(NewKey(keys.Get(place)))->AsString(0) + ": ";
+        text += KeyRepr(keys.Get(place)) + ": ";
         text += TextOf(keys.Get(place), values.get(), place);
     }
     return text += "}";
@@ -189,7 +150,7 @@ omu_PrimList* omu_DictIntObjABC<K>::KeyList() const
     const cow_List<K> keys = Keys();
     auto list = std::make_unique<omu_PrimList>(keys.Length());
     for (const K& key : keys)
-        list->Put(NewKey(key));
+        list->Put(key);
     return list.release();
 }
 
@@ -208,13 +169,13 @@ omu_PrimList* omu_DictIntObjABC<K>::Items() const
 {
     const cow_List<K> keys = Keys();
     std::unique_ptr<omu_PrimList> values(Values());
-    if (!this->FitsKeys(*values, keys.Length()))
+    if (!FitsKeys(*values, keys.Length()))
         values.reset();
     auto list = std::make_unique<omu_PrimList>(keys.Length());
     for (int place = 0; place < keys.Length(); ++place)
     {
         auto item = std::make_unique<omu_PrimTuple>(2);
-        item->Put(NewKey(keys.Get(place)));
+        item->Put(keys.Get(place));
         item->Put(values ? values->Index(place) : Subscript(keys.Get(place)));
         list->Put(std::move(item));
     }

@@ -46,41 +46,25 @@ cow_Map<cow_String, T> RowsByKey(const Dictionary& dictionary, const cow_String&
 template <class T>
 bool omu_Get(omu_PrimTuple& arguments, cow_List<T>& out)
 {
-    omu_PrimTuple items;
-    if (!arguments.Get(items))
-        return false;
-    out = omu_NestedReader::Items<T>(items);
-    return true;
+    return omu_NestedReader::Get(arguments, out, &omu_NestedReader::Items<T>);
 }
 
 template <class T>
 bool omu_Get(omu_Arguments& arguments, cow_List<T>& out, const cow_String& keyword)
 {
-    omu_PrimTuple items;
-    if (!arguments.Get(items, keyword))
-        return false;
-    out = omu_NestedReader::Items<T>(items);
-    return true;
+    return omu_NestedReader::Get(arguments, out, &omu_NestedReader::Items<T>, keyword);
 }
 
 template <class T>
 bool omu_Get(omu_PrimTuple& arguments, cow_2DArray<T>& out)
 {
-    omu_PrimTuple rows;
-    if (!arguments.Get(rows))
-        return false;
-    out = omu_NestedReader::Rows<T>(rows);
-    return true;
+    return omu_NestedReader::Get(arguments, out, &omu_NestedReader::Rows<T>);
 }
 
 template <class T>
 bool omu_Get(omu_Arguments& arguments, cow_2DArray<T>& out, const cow_String& keyword)
 {
-    omu_PrimTuple rows;
-    if (!arguments.Get(rows, keyword))
-        return false;
-    out = omu_NestedReader::Rows<T>(rows);
-    return true;
+    return omu_NestedReader::Get(arguments, out, &omu_NestedReader::Rows<T>, keyword);
 }
 
 template <class T>

@@ -4,21 +4,13 @@
 template <class T>
 bool omu_GetIrregular(omu_PrimTuple& arguments, cow_2DArray<T>& out)
 {
-    omu_PrimTuple rows;
-    if (!arguments.Get(rows))
-        return false;
-    out = omu_NestedReader::IrregularRows<T>(rows);
-    return true;
+    return omu_NestedReader::Get(arguments, out, &omu_NestedReader::IrregularRows<T>);
 }
 
 template <class T>
 bool omu_GetIrregular(omu_Arguments& arguments, cow_2DArray<T>& out, const cow_String& keyword)
 {
-    omu_PrimTuple rows;
-    if (!arguments.Get(rows, keyword))
-        return false;
-    out = omu_NestedReader::IrregularRows<T>(rows);
-    return true;
+    return omu_NestedReader::Get(arguments, out, &omu_NestedReader::IrregularRows<T>, keyword);
 }
 
 template OXU_EXPORT bool omu_GetIrregular(omu_PrimTuple&, cow_2DArray<int>&);

@@ -25,15 +25,9 @@ omu_IdSeqIntObj::omu_IdSeqIntObj(const omu_Shortcut& shortcut, omu_OperationRule
     SetTypeDesc(Description());
 }
 
-omu_IdSeqIntObj::omu_IdSeqIntObj(const omu_Shortcut& shortcut)
-    : omu_IdSeqIntObj(shortcut, omu_OperationRules(), omu_PythonType::SEQUENCE)
-{}
-
 omu_IdSeqIntObj::omu_IdSeqIntObj(omu_OperationRules rules, omu_PythonType pythonType)
     : omu_IdSeqIntObj(omu_Shortcut(), rules, pythonType)
 {}
-
-omu_IdSeqIntObj::omu_IdSeqIntObj() : omu_IdSeqIntObj(omu_Shortcut()) {}
 
 omu_IdSeqIntObj* omu_IdSeqIntObj::Copy() const
 {

@@ -1,14 +1,13 @@
 #include <cstdint>
 #include <cstdio>
-#include <iterator>
 #include <nex_RaiseWith.h>
 #include <omu_AccessErrorException.h>
 #include <omu_Arguments.h>
 #include <omu_AttributeErrorException.h>
 #include <omu_EnvSwitches.h>
 #include <omu_InterfaceObj.h>
+#include <omu_ObjectText.h>
 #include <omu_PrimString.h>
-#include <omu_PrimTranslatedString.h>
 #include <omu_PrimVisitor.h>
 #include <oxu_FormatMessage.h>
 #include <string>
@@ -20,9 +19,8 @@ namespace
 constexpr char KIND = '<';
 constexpr const char* SOURCE = "KTLOxuOmu.m/src/omu_InterfaceObj";
 constexpr const char* UNIVERSAL_TYPE = "OrvexObject";
-// Two texts, on purpose: the four operations refuse without the full stop.
 constexpr const char* CANNOT_COERCE = "Error: Cannot coerce.";
-constexpr const char* ILLEGAL_OPERATION = "Error: Illegal operation for type.";
+// Not ILLEGAL_OPERATION, on purpose: the four operations refuse without the full stop.
 constexpr const char* ILLEGAL_ARITHMETIC = "Error: Illegal operation for type";
 
 // Set while a trace asks for the text of an object, which may ask again whether it is stale.
@@ -47,21 +45,22 @@ std::string_view NameView(const char* name)
     return name == nullptr ? std::string_view() : std::string_view(name);
 }
 
-cow_String TextHeld(const omu_Primitive* value)
+// Error type 1 tells which attribute cannot be changed, 0 that none can.
+[[noreturn]] void RefuseChange(const cow_String& name, bool tellsWhich)
 {
-    if (const auto* text = dynamic_cast<const omu_PrimString*>(value))
-        return text->Value();
-    if (const auto* text = dynamic_cast<const omu_PrimTranslatedString*>(value))
-        return text->AsTranslatedString();
-    return {};
+    omu_AttributeErrorException refusal;
+    refusal.m_ErrorType = tellsWhich ? 1 : 0;
+    refusal.m_Attribute = name;
+    nex_Raise(refusal, SOURCE, __LINE__);
 }
 
-// One kind of name of a type: those listed, and the rows by which all of them answer.
+// One kind of name of a type: those listed, the rows by which all of them answer, and what replaced those
+// deprecated.
 template <class Row>
 struct Names
 {
-    template <class Deprecated, class Replacements>
-    void Extend(const Row* rows, const Deprecated* deprecated, Replacements& replaced)
+    template <class Deprecated>
+    void Extend(const Row* rows, const Deprecated* deprecated)
     {
         for (const Row* row = rows; row != nullptr && row->name != nullptr; ++row)
         {
@@ -105,6 +104,7 @@ struct Names
 
     cow_List<cow_String> listed;
     std::unordered_map<std::string_view, Row> byName;
+    std::unordered_map<std::string_view, const char*> replaced;
 };
 }
 
@@ -113,8 +113,6 @@ struct omu_InterfaceObj::TypeDesc::Body
     cow_List<cow_String> typeNames;
     Names<methodTable> methods;
     Names<memberTable> members;
-    std::unordered_map<std::string_view, const char*> replacedMethods;
-    std::unordered_map<std::string_view, const char*> replacedMembers;
 };
 
 cow_String omu_InterfaceObj::TypeDesc::TypeName() const
@@ -161,7 +159,7 @@ const char* omu_InterfaceObj::TypeDesc::ReplacedBy(const char* name) const
 {
     if (!body_)
         return nullptr;
-    for (const auto* replaced : {&body_->replacedMethods, &body_->replacedMembers})
+    for (const auto* replaced : {&body_->methods.replaced, &body_->members.replaced})
         if (const auto found = replaced->find(NameView(name)); found != replaced->end())
             return found->second;
     return nullptr;
@@ -176,8 +174,8 @@ omu_InterfaceObj::TypeDesc omu_InterfaceObj::DescribeType(const char* typeName, 
     auto body = extended.body_ ? std::make_shared<TypeDesc::Body>(*extended.body_)
                                : std::make_shared<TypeDesc::Body>();
     body->typeNames.Append(typeName);
-    body->methods.Extend(methods, deprecatedMethods, body->replacedMethods);
-    body->members.Extend(members, deprecatedMembers, body->replacedMembers);
+    body->methods.Extend(methods, deprecatedMethods);
+    body->members.Extend(members, deprecatedMembers);
     TypeDesc type;
     type.body_ = std::move(body);
     return type;
@@ -188,13 +186,9 @@ omu_InterfaceObj::omu_InterfaceObj(const omu_Shortcut& shortcut, omu_OperationRu
     : omu_Primitive(KIND), shortcut_(shortcut), rules_(rules), pythonType_(pythonType)
 {}
 
-omu_InterfaceObj::omu_InterfaceObj(const omu_Shortcut& shortcut) : omu_Primitive(KIND), shortcut_(shortcut) {}
-
 omu_InterfaceObj::omu_InterfaceObj(omu_OperationRules rules, omu_PythonType pythonType)
-    : omu_Primitive(KIND), rules_(rules), pythonType_(pythonType)
+    : omu_InterfaceObj(omu_Shortcut(), rules, pythonType)
 {}
-
-omu_InterfaceObj::omu_InterfaceObj() : omu_Primitive(KIND) {}
 
 omu_InterfaceObj::~omu_InterfaceObj() = default;
 
@@ -204,13 +198,6 @@ atr_String omu_InterfaceObj::TypeString() const
     return name.IsEmpty() ? atr_String(UNIVERSAL_TYPE) : atr_String(name);
 }
 
-cow_String omu_InterfaceObj::TextOfValue(const omu_Primitive* value)
-{
-    if (value == nullptr)
-        return "None";
-    return dynamic_cast<const omu_InterfaceObj*>(value) != nullptr ? value->AsRepr() : value->AsString(0);
-}
-
 cow_String omu_InterfaceObj::MemberText(const cow_String& name) const
 {
     try
@@ -218,7 +205,7 @@ cow_String omu_InterfaceObj::MemberText(const cow_String& name) const
         bool found = false;
         const std::unique_ptr<omu_Primitive> value(GetMember(name.AsCharPtr(), found));
         if (found)
-            return TextOfValue(value.get());
+            return ReprOf(value.get());
         std::fprintf(stderr, "interface object %s, member %s, type=%s: GetMember(%s) found nothing\n",
                      PathOrDefault().AsCharPtr(), name.AsCharPtr(), TypeString().AsCharPtr(),
                      name.AsCharPtr());
@@ -299,7 +286,7 @@ omu_Primitive* omu_InterfaceObj::CallMethod(const char* name, const char* path, 
 
 omu_Primitive* omu_InterfaceObj::GetMember(const char* name, bool& found) const
 {
-    RequireLive(nullptr);
+    RequireLive();
     const memberTable* row = type_.FindMember(name);
     found = row != nullptr;
     if (!found)
@@ -311,30 +298,22 @@ omu_Primitive* omu_InterfaceObj::GetMember(const char* name, bool& found) const
 
 void omu_InterfaceObj::SetMember(const char* name, omu_Arguments& value, bool& found) const
 {
-    RequireLive(nullptr);
+    RequireLive();
     const memberTable* row = type_.FindMember(name);
     found = row != nullptr;
     if (!found)
         return;
     if (!rules_.IsWritable() || row->writer == nullptr)
-    {
-        omu_AttributeErrorException refusal;
-        refusal.m_ErrorType = rules_.IsWritable() ? 1 : 0;
-        refusal.m_Attribute = name;
-        nex_Raise(refusal, SOURCE, __LINE__);
-    }
+        RefuseChange(name, rules_.IsWritable());
     row->writer(*this, value);
 }
 
 void omu_InterfaceObj::DeleteMember(const cow_String& name) const
 {
-    RequireLive(nullptr);
+    RequireLive();
     if (type_.FindMember(name.AsCharPtr()) == nullptr)
         RaiseUnknownMember(name);
-    omu_AttributeErrorException refusal;
-    refusal.m_ErrorType = rules_.IsDeletable() ? 1 : 0;
-    refusal.m_Attribute = name;
-    nex_Raise(refusal, SOURCE, __LINE__);
+    RefuseChange(name, rules_.IsDeletable());
 }
 
 cow_List<cow_String> omu_InterfaceObj::MemberList() const
@@ -526,24 +505,20 @@ cow_List<cow_String> omu_InterfaceObj::BaseTypes() const
 cow_String omu_InterfaceObj::DefaultRepr() const
 {
     const cow_String type = ExposedTypeName();
-    cow_String text = "<";
-    text += type.IsEmpty() ? cow_String(UNIVERSAL_TYPE) : type;
-    text += " object";
+    std::unique_ptr<omu_Primitive> name;
     if (!IsStale())
     {
         try
         {
             bool found = false;
-            const std::unique_ptr<omu_Primitive> value(GetMember("name", found));
-            if (const cow_String name = TextHeld(value.get()); found && !name.IsEmpty())
-                text += " named " + name;
+            name.reset(GetMember("name", found));
         }
         catch (const KTLBasException&)
         {
             // An object whose name cannot be had is written without one.
         }
     }
-    return text += ">";
+    return omu_ObjectText(type.IsEmpty() ? cow_String(UNIVERSAL_TYPE) : type, name.get());
 }
 
 cow_String omu_InterfaceObj::objectToCopyCmd() const
@@ -569,5 +544,5 @@ void omu_InterfaceObj::RequireLive(const char* path) const
 cow_String omu_InterfaceObj::PathOrDefault() const
 {
     const omu_Shortcut shortcut = BaseShortcut();
-    return shortcut.HasValue() ? shortcut.Path() : "<" + cow_String(TypeString()) + " object>";
+    return shortcut.HasValue() ? shortcut.Path() : omu_ObjectText(TypeString());
 }

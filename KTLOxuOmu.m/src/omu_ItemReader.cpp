@@ -18,24 +18,32 @@ namespace
 {
 using DataTypeEnm = omu_PrimNumber::DataTypeEnm;
 
-const omu_PrimNumber* AsNumber(const omu_Primitive& item)
+// The value as a T of that kind; null when it is none.
+template <class T>
+const T* OfKind(char kind, const omu_Primitive& item)
 {
-    return item.IsType('f') || item.IsType('i') ? omu_ItemReader::As<omu_PrimNumber>(item) : nullptr;
+    return item.IsType(kind) ? omu_ItemReader::As<T>(item) : nullptr;
 }
 
 const omu_PrimNumber* AsInteger(const omu_Primitive& item)
 {
-    return item.IsType('i') ? omu_ItemReader::As<omu_PrimNumber>(item) : nullptr;
+    return OfKind<omu_PrimNumber>('i', item);
+}
+
+const omu_PrimNumber* AsNumber(const omu_Primitive& item)
+{
+    const omu_PrimNumber* real = OfKind<omu_PrimNumber>('f', item);
+    return real != nullptr ? real : AsInteger(item);
 }
 
 const omu_PrimTuple* AsSequence(const omu_Primitive& item)
 {
-    return item.IsType(omu_PrimTuple::KIND) ? omu_ItemReader::As<omu_PrimTuple>(item) : nullptr;
+    return OfKind<omu_PrimTuple>(omu_PrimTuple::KIND, item);
 }
 
 const omu_PrimArray* AsArray(const omu_Primitive& item, int rank)
 {
-    const omu_PrimArray* array = item.IsType('o') ? omu_ItemReader::As<omu_PrimArray>(item) : nullptr;
+    const auto* array = OfKind<omu_PrimArray>('o', item);
     return array != nullptr && (array->Rank() == rank || array->Size() == 0) ? array : nullptr;
 }
 
@@ -56,11 +64,21 @@ bool ReadSmall(const omu_Primitive& item, DataTypeEnm ownType, T& out)
 // The text of a string of either kind; null for anything else.
 const cow_String* AsText(const omu_Primitive& item)
 {
-    if (const auto* text = item.IsType('s') ? omu_ItemReader::As<omu_PrimString>(item) : nullptr)
+    if (const auto* text = OfKind<omu_PrimString>('s', item))
         return &text->Value();
-    if (const auto* text = item.IsType('l') ? omu_ItemReader::As<omu_PrimTranslatedString>(item) : nullptr)
+    if (const auto* text = OfKind<omu_PrimTranslatedString>('l', item))
         return &text->AsTranslatedString().AsString();
     return nullptr;
+}
+
+// False where nothing was found.
+template <class Found, class T>
+bool Deliver(const Found* found, T& out)
+{
+    if (found == nullptr)
+        return false;
+    out = *found;
+    return true;
 }
 
 template <class T>
@@ -124,7 +142,7 @@ bool ReadPair(const omu_Primitive* item, cow_Map<cow_String, float>& out)
 
 bool omu_ItemReader::Read(const omu_Primitive& item, bool& out)
 {
-    if (const auto* boolean = item.IsType('b') ? omu_ItemReader::As<omu_PrimBoolean>(item) : nullptr)
+    if (const auto* boolean = OfKind<omu_PrimBoolean>('b', item))
     {
         out = boolean->Value();
         return true;
@@ -195,20 +213,13 @@ bool omu_ItemReader::Read(const omu_Primitive& item, double& out)
 
 bool omu_ItemReader::Read(const omu_Primitive& item, cow_String& out)
 {
-    const cow_String* text = AsText(item);
-    if (text == nullptr)
-        return false;
-    out = *text;
-    return true;
+    return Deliver(AsText(item), out);
 }
 
 bool omu_ItemReader::Read(const omu_Primitive& item, atr_String& out)
 {
-    if (const auto* text = item.IsType('l') ? omu_ItemReader::As<omu_PrimTranslatedString>(item) : nullptr)
-    {
-        out = text->AsTranslatedString();
-        return true;
-    }
+    if (const auto* text = OfKind<omu_PrimTranslatedString>('l', item))
+        return Deliver(&text->AsTranslatedString(), out);
     const cow_String* text = AsText(item);
     if (text == nullptr)
         return false;
@@ -218,11 +229,8 @@ bool omu_ItemReader::Read(const omu_Primitive& item, atr_String& out)
 
 bool omu_ItemReader::Read(const omu_Primitive& item, omi_complex& out)
 {
-    if (const auto* complex = item.IsType('x') ? omu_ItemReader::As<omu_PrimComplex>(item) : nullptr)
-    {
-        out = complex->Value();
-        return true;
-    }
+    if (const auto* complex = OfKind<omu_PrimComplex>('x', item))
+        return Deliver(&complex->Value(), out);
     double real = 0.0;
     if (!Read(item, real))
         return false;
@@ -238,26 +246,17 @@ bool omu_ItemReader::Read(const omu_Primitive& item, omu_PrimPath& out)
         out = omu_PrimPath(*file);
         return true;
     }
-    const omu_PrimPath* path = As<omu_PrimPath>(item);
-    if (path == nullptr)
-        return false;
-    out = *path;
-    return true;
+    return Deliver(As<omu_PrimPath>(item), out);
 }
 
 bool omu_ItemReader::Read(const omu_Primitive& item, omu_PrimTuple& out)
 {
-    const omu_PrimTuple* tuple = AsSequence(item);
-    if (tuple == nullptr)
-        return false;
-    out = *tuple;
-    return true;
+    return Deliver(AsSequence(item), out);
 }
 
 bool omu_ItemReader::Read(const omu_Primitive& item, omu_PrimEnumBase& out)
 {
-    const omu_PrimEnumBase* constant =
-        item.IsType('c') ? omu_ItemReader::As<omu_PrimEnumBase>(item) : nullptr;
+    const auto* constant = OfKind<omu_PrimEnumBase>('c', item);
     if (constant == nullptr)
         return false;
     const cow_Map<cow_String, unsigned> permissible = out.PermissibleValues();
@@ -278,7 +277,7 @@ bool omu_ItemReader::Read(const omu_Primitive& item, omu_OrvexName& out)
 
 bool omu_ItemReader::Read(const omu_Primitive& item, const omu_InterfaceObj*& out)
 {
-    const auto* object = item.IsType('<') ? dynamic_cast<const omu_InterfaceObj*>(&item) : nullptr;
+    const auto* object = OfKind<omu_InterfaceObj>('<', item);
     if (object == nullptr)
         return false;
     out = object;

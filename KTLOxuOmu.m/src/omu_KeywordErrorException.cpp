@@ -1,37 +1,27 @@
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <omu_KeywordErrorException.h>
 #include <oxu_FormatMessage.h>
 
 namespace
 {
-// Stored order: append only. A retired field keeps its index.
-enum Field { KEYWORD, NESTING };
-constexpr cls_FieldHandle FIELDS[] = {
-    {KEYWORD, "m_Keyword"},
-    {NESTING, "m_NestingStr"},
-};
+constexpr cls_Fields FIELDS(cls_Field{"m_Keyword", &omu_KeywordErrorException::m_Keyword},
+                            cls_Field{"m_NestingStr", &omu_KeywordErrorException::m_NestingStr});
 constexpr unsigned LAYOUT_RELEASE = 800;
 }
 
 void omu_KeywordErrorException::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta = registrar.Create("omu_KeywordErrorException", TypeId(), LAYOUT_RELEASE,
-                                               cls_TypeAdapter<omu_KeywordErrorException>::Instance(),
-                                               omu_TypeErrorException::TypeId());
-    meta.AddAttribute(FIELDS[KEYWORD], cls_AttributeType::STRING, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
-    meta.AddAttribute(FIELDS[NESTING], cls_AttributeType::STRING, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
+    FIELDS.Declare(registrar.Create("omu_KeywordErrorException", TypeId(), LAYOUT_RELEASE,
+                                    cls_TypeAdapter<omu_KeywordErrorException>::Instance(),
+                                    omu_TypeErrorException::TypeId()));
 }
 
 omu_KeywordErrorException::omu_KeywordErrorException(const cls_ReadVisitor& reader)
     : omu_TypeErrorException(reader.BaseReader())
 {
-    reader.ReadString(FIELDS[KEYWORD], m_Keyword);
-    reader.ReadString(FIELDS[NESTING], m_NestingStr);
+    FIELDS.Read(reader, *this);
 }
 
 void omu_KeywordErrorException::Propagate() const
@@ -49,8 +39,7 @@ void omu_KeywordErrorException::DBWrite(const cls_WriteVisitor& writer) const
     if (!writer.Announce(TypeId(), Identifier()))
         return;
     omu_TypeErrorException::DBWrite(writer.BaseWriter());
-    writer.WriteString(FIELDS[KEYWORD], m_Keyword);
-    writer.WriteString(FIELDS[NESTING], m_NestingStr);
+    FIELDS.Write(writer, *this);
 }
 
 cow_String omu_KeywordErrorException::JournalMessage() const

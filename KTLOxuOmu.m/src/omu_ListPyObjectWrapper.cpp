@@ -30,5 +30,5 @@ omu_PrimList* omu_ListPyObjectWrapper::Concat(const omu_PrimSequence* other) con
 
 void omu_ListPyObjectWrapper::RequireRoom(int) const
 {
-    nex_RaisePrim("Error: Illegal operation for type.", SOURCE, __LINE__);
+    nex_RaisePrim(ILLEGAL_OPERATION, SOURCE, __LINE__);
 }

@@ -1,10 +1,10 @@
-#include <omu_NumberText.h>
-
 #include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <omu_NumberText.h>
+#include <uti_NumberText.h>
 
 namespace
 {
@@ -79,8 +79,8 @@ Written PutDigits(char* out, const char* digits, std::size_t count, int exponent
 
 Written PutExactly(double value, char* out)
 {
-    char* const end =
-        std::to_chars(out, out + omu_NumberText::SIZE - 1, value, std::chars_format::general, DIGITS).ptr;
+    static_assert(DIGITS == 15);
+    char* const end = uti_FormatDouble15(out, out + omu_NumberText::SIZE - 1, value);
     return {end, std::none_of(out, end, [](char c) { return c == '.' || c == 'e'; })};
 }
 

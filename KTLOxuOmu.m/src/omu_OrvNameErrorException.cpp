@@ -1,33 +1,26 @@
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
-#include <iterator>
 #include <omu_OrvNameErrorException.h>
 #include <oxu_FormatMessage.h>
 
 namespace
 {
-// Stored order: append only. A retired field keeps its index.
-enum Field { ERROR };
-constexpr cls_FieldHandle FIELDS[] = {
-    {ERROR, "m_Error"},
-};
+constexpr cls_Fields FIELDS(cls_Field{"m_Error", &omu_OrvNameErrorException::m_Error});
 constexpr unsigned LAYOUT_RELEASE = 800;
 }
 
 void omu_OrvNameErrorException::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta = registrar.Create("omu_OrvNameErrorException", TypeId(), LAYOUT_RELEASE,
-                                               cls_TypeAdapter<omu_OrvNameErrorException>::Instance(),
-                                               nex_CommandException::TypeId());
-    meta.AddAttribute(FIELDS[ERROR], cls_AttributeType::INT, cls_UniversalRoot, cls_CollectionType::SINGLE);
+    FIELDS.Declare(registrar.Create("omu_OrvNameErrorException", TypeId(), LAYOUT_RELEASE,
+                                    cls_TypeAdapter<omu_OrvNameErrorException>::Instance(),
+                                    nex_CommandException::TypeId()));
 }
 
 omu_OrvNameErrorException::omu_OrvNameErrorException(const cls_ReadVisitor& reader)
     : nex_CommandException(reader.BaseReader())
 {
-    reader.ReadInt(FIELDS[ERROR], m_Error);
+    FIELDS.Read(reader, *this);
 }
 
 void omu_OrvNameErrorException::Propagate() const
@@ -45,7 +38,7 @@ void omu_OrvNameErrorException::DBWrite(const cls_WriteVisitor& writer) const
     if (!writer.Announce(TypeId(), Identifier()))
         return;
     nex_CommandException::DBWrite(writer.BaseWriter());
-    writer.WriteInt(FIELDS[ERROR], m_Error);
+    FIELDS.Write(writer, *this);
 }
 
 cow_String omu_OrvNameErrorException::JournalMessage() const

@@ -108,7 +108,7 @@ cow_String omu_fixOpenOdb(const cow_String& path)
         return path;
     const auto end = static_cast<std::size_t>(close);
     const std::string_view arguments = view.substr(OPEN_ODB.size(), end - OPEN_ODB.size());
-    const auto length = static_cast<std::size_t>(omu_PathScan::Comma(arguments, 0));
+    const auto length = static_cast<std::size_t>(omu_PathScan::Comma(arguments));
     const std::string_view first = WithoutKeyword(Trimmed(arguments.substr(0, length)));
     if (first.empty())
         return path;

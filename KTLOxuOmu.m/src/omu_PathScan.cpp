@@ -37,10 +37,10 @@ int omu_PathScan::Closing(std::string_view path, int open)
     });
 }
 
-int omu_PathScan::Comma(std::string_view text, int from)
+int omu_PathScan::Comma(std::string_view text)
 {
     int depth = 0;
-    const int found = FindUnquoted(text, static_cast<std::size_t>(from), [&](char c) {
+    const int found = FindUnquoted(text, 0, [&](char c) {
         if (c == '[' || c == '(' || c == '{')
             ++depth;
         else if (c == ']' || c == ')' || c == '}')

@@ -257,21 +257,20 @@ omu_PrimArray* omu_PrimArray::Concat(const omu_PrimSequence* other) const
         return Copy();
     if (Size() == 0)
         return array->Copy();
-    if (array->ShapeOf(1) == ShapeOf(1))
+    if (!(array->ShapeOf(1) == ShapeOf(1)))
+        nex_Raise(omu_GenericTypeErrorException(), SOURCE, __LINE__);
+    if (Size() > LONGEST - array->Size())
+        nex_Raise(omu_OverflowErrorException(oxu_FormatMessage(TOO_LARGE)), SOURCE, __LINE__);
+    const cow_List<int> shape = ShapeOf(Length() + array->Length());
+    switch (m_ElementType == array->m_ElementType ? m_ElementType : ElementTypeEnm::DOUBLE)
     {
-        const std::int64_t size = std::int64_t{Size()} + array->Size();
-        if (size > LONGEST)
-            nex_Raise(omu_OverflowErrorException(oxu_FormatMessage(TOO_LARGE)), SOURCE, __LINE__);
-        const cow_List<int> shape = ShapeOf(Length() + array->Length());
-        if (m_ElementType != array->m_ElementType)
-            return new omu_PrimArray(shape, Joined(AsDoubles(), array->AsDoubles()));
-        if (m_ElementType == ElementTypeEnm::INT)
-            return new omu_PrimArray(shape, Joined(m_Ints, array->m_Ints));
-        if (m_ElementType == ElementTypeEnm::FLOAT)
-            return new omu_PrimArray(shape, Joined(m_Floats, array->m_Floats));
-        return new omu_PrimArray(shape, Joined(m_Doubles, array->m_Doubles));
+    case ElementTypeEnm::INT:
+        return new omu_PrimArray(shape, Joined(m_Ints, array->m_Ints));
+    case ElementTypeEnm::FLOAT:
+        return new omu_PrimArray(shape, Joined(m_Floats, array->m_Floats));
+    default:
+        return new omu_PrimArray(shape, Joined(AsDoubles(), array->AsDoubles()));
     }
-    nex_Raise(omu_GenericTypeErrorException(), SOURCE, __LINE__);
 }
 
 atr_String omu_PrimArray::TypeString() const
@@ -343,6 +342,8 @@ int omu_PrimArray::Stride() const
 
 cow_List<double> omu_PrimArray::AsDoubles() const
 {
+    if (m_ElementType == ElementTypeEnm::DOUBLE)
+        return m_Doubles;
     return WithData([](const auto& data) {
         cow_List<double> values;
         values.Reserve(data.Length());

@@ -1,16 +1,12 @@
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <omu_PrimBoolean.h>
 #include <omu_PrimVisitor.h>
 
 namespace
 {
 constexpr char KIND = 'b';
-// Stored order: append only. A retired field keeps its index.
-enum Field { VALUE };
-constexpr cls_FieldHandle FIELDS[] = {{VALUE, "value"}};
 constexpr unsigned LAYOUT_RELEASE = 800;
 
 void Free(void* body)
@@ -19,12 +15,17 @@ void Free(void* body)
 }
 }
 
+constexpr auto omu_PrimBoolean::Fields()
+{
+    return cls_Fields(cls_Field{"value", &omu_PrimBoolean::m_Value});
+}
+
 void omu_PrimBoolean::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
     cls_ClassMetadata& meta =
         registrar.Create("omu_PrimBoolean", TypeId(), LAYOUT_RELEASE,
                          cls_TypeAdapter<omu_PrimBoolean>::Instance(), omu_Primitive::TypeId());
-    meta.AddAttribute(FIELDS[VALUE], cls_AttributeType::BOOL, cls_UniversalRoot, cls_CollectionType::SINGLE);
+    Fields().Declare(meta);
     meta.AddDtor(&Free);
 }
 
@@ -33,7 +34,7 @@ omu_PrimBoolean::omu_PrimBoolean(bool value) : omu_Primitive(KIND), m_Value(valu
 omu_PrimBoolean::omu_PrimBoolean(const cls_ReadVisitor& reader) : omu_Primitive(reader.BaseReader())
 {
     SetType(KIND);
-    reader.ReadBool(FIELDS[VALUE], m_Value);
+    Fields().Read(reader, *this);
 }
 
 atr_String omu_PrimBoolean::TypeString() const
@@ -72,5 +73,5 @@ void omu_PrimBoolean::DBWrite(const cls_WriteVisitor& writer) const
     if (!writer.Announce(TypeId(), Uid()))
         return;
     omu_Primitive::DBWrite(writer.BaseWriter());
-    writer.WriteBool(FIELDS[VALUE], m_Value);
+    Fields().Write(writer, *this);
 }

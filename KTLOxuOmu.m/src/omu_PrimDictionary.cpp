@@ -7,7 +7,6 @@
 #include <omu_PrimVisitor.h>
 #include <string>
 #include <typeinfo>
-#include <utility>
 
 namespace
 {
@@ -92,7 +91,7 @@ cow_String omu_PrimDictionary<K>::AsString(int) const
         if (text.size() > 1)
             text += ", ";
         text.append(KeyText(key).View()).append(": ");
-        text.append(value.IsNull() ? std::string_view("None") : value->AsRepr().View());
+        text.append(ReprOf(value.AsPtr()).View());
     }
     text += '}';
     return cow_String(text);

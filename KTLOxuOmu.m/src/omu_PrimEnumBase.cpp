@@ -1,7 +1,6 @@
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <nex_RaiseWith.h>
 #include <omu_PrimEnumBase.h>
 #include <omu_PrimVisitor.h>
@@ -12,9 +11,6 @@
 namespace
 {
 constexpr char KIND = 'c';
-// Stored order: append only. A retired field keeps its index.
-enum Field { STRING_VALUE };
-constexpr cls_FieldHandle FIELDS[] = {{STRING_VALUE, "stringValue"}};
 constexpr unsigned LAYOUT_RELEASE = 514;
 constexpr const char* SOURCE = "ProtectedInterfaces/omu_PrimEnum";
 
@@ -24,13 +20,17 @@ void Free(void* body)
 }
 }
 
+constexpr auto omu_PrimEnumBase::Fields()
+{
+    return cls_Fields(cls_Field{"stringValue", &omu_PrimEnumBase::m_StringValue});
+}
+
 void omu_PrimEnumBase::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
     cls_ClassMetadata& meta =
         registrar.Create("omu_PrimEnum", TypeId(), LAYOUT_RELEASE,
                          cls_TypeAdapter<omu_PrimEnumBase>::Instance(), omu_Primitive::TypeId());
-    meta.AddAttribute(FIELDS[STRING_VALUE], cls_AttributeType::STRING, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
+    Fields().Declare(meta);
     meta.AddDtor(&Free);
 }
 
@@ -39,7 +39,7 @@ omu_PrimEnumBase::omu_PrimEnumBase(const cow_String& name) : omu_Primitive(KIND)
 omu_PrimEnumBase::omu_PrimEnumBase(const cls_ReadVisitor& reader) : omu_Primitive(reader.BaseReader())
 {
     SetType(KIND);
-    reader.ReadString(FIELDS[STRING_VALUE], m_StringValue);
+    Fields().Read(reader, *this);
 }
 
 void omu_PrimEnumBase::SetValue(const char* name)
@@ -103,7 +103,7 @@ void omu_PrimEnumBase::DBWrite(const cls_WriteVisitor& writer) const
     if (!writer.Announce(TypeId(), Uid()))
         return;
     omu_Primitive::DBWrite(writer.BaseWriter());
-    writer.WriteString(FIELDS[STRING_VALUE], m_StringValue);
+    Fields().Write(writer, *this);
 }
 
 cow_Map<cow_String, unsigned> omu_PrimEnumBase::PermissibleValues() const

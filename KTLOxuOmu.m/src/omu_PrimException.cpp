@@ -1,7 +1,6 @@
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <nex_CommandException.h>
 #include <omu_PrimException.h>
 #include <omu_PrimVisitor.h>
@@ -9,9 +8,6 @@
 namespace
 {
 constexpr char KIND = 'E';
-// Stored order: append only. A retired field keeps its index.
-enum Field { EXCEPTION, TRACEBACK };
-constexpr cls_FieldHandle FIELDS[] = {{EXCEPTION, "exception"}, {TRACEBACK, "traceback"}};
 constexpr unsigned LAYOUT_RELEASE = 800;
 
 bool SameException(const nex_CommandException* a, const nex_CommandException* b)
@@ -22,15 +18,17 @@ bool SameException(const nex_CommandException* a, const nex_CommandException* b)
 }
 }
 
+constexpr auto omu_PrimException::Fields()
+{
+    return cls_Fields(cls_Field{"exception", &omu_PrimException::m_Exception},
+                      cls_Field{"traceback", &omu_PrimException::m_Traceback});
+}
+
 void omu_PrimException::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta =
-        registrar.Create("omu_PrimException", TypeId(), LAYOUT_RELEASE,
-                         cls_TypeAdapter<omu_PrimException>::Instance(), omu_Primitive::TypeId());
-    meta.AddAttribute(FIELDS[EXCEPTION], cls_AttributeType::OBJECT, nex_CommandException::TypeId(),
-                      cls_CollectionType::SINGLE);
-    meta.AddAttribute(FIELDS[TRACEBACK], cls_AttributeType::STRING, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
+    Fields().Declare(registrar.Create("omu_PrimException", TypeId(), LAYOUT_RELEASE,
+                                      cls_TypeAdapter<omu_PrimException>::Instance(),
+                                      omu_Primitive::TypeId()));
 }
 
 omu_PrimException::omu_PrimException() : omu_Primitive(KIND) {}
@@ -46,8 +44,7 @@ omu_PrimException::omu_PrimException(const nex_CommandException& exception, cons
 omu_PrimException::omu_PrimException(const cls_ReadVisitor& reader) : omu_Primitive(reader.BaseReader())
 {
     SetType(KIND);
-    reader.ReadShared(FIELDS[EXCEPTION], m_Exception);
-    reader.ReadString(FIELDS[TRACEBACK], m_Traceback);
+    Fields().Read(reader, *this);
 }
 
 omu_PrimException::omu_PrimException(const omu_PrimException&) = default;
@@ -91,6 +88,5 @@ void omu_PrimException::DBWrite(const cls_WriteVisitor& writer) const
     if (!writer.Announce(TypeId(), Uid()))
         return;
     omu_Primitive::DBWrite(writer.BaseWriter());
-    writer.WriteShared(FIELDS[EXCEPTION], m_Exception);
-    writer.WriteString(FIELDS[TRACEBACK], m_Traceback);
+    Fields().Write(writer, *this);
 }

@@ -1,26 +1,24 @@
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <omu_PrimExpr.h>
 #include <omu_PrimVisitor.h>
 
 namespace
 {
 constexpr char KIND = 'e';
-// Stored order: append only. A retired field keeps its index.
-enum Field { VALUE };
-constexpr cls_FieldHandle FIELDS[] = {{VALUE, "value"}};
 constexpr unsigned LAYOUT_RELEASE = 800;
+}
+
+constexpr auto omu_PrimExpr::Fields()
+{
+    return cls_Fields(cls_Field{"value", &omu_PrimExpr::m_Value});
 }
 
 void omu_PrimExpr::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta =
-        registrar.Create("omu_PrimExpr", TypeId(), LAYOUT_RELEASE, cls_TypeAdapter<omu_PrimExpr>::Instance(),
-                         omu_Primitive::TypeId());
-    meta.AddAttribute(FIELDS[VALUE], cls_AttributeType::STRING, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
+    Fields().Declare(registrar.Create("omu_PrimExpr", TypeId(), LAYOUT_RELEASE,
+                                      cls_TypeAdapter<omu_PrimExpr>::Instance(), omu_Primitive::TypeId()));
 }
 
 omu_PrimExpr::omu_PrimExpr(const cow_String& source) : omu_Primitive(KIND), m_Value(source) {}
@@ -28,7 +26,7 @@ omu_PrimExpr::omu_PrimExpr(const cow_String& source) : omu_Primitive(KIND), m_Va
 omu_PrimExpr::omu_PrimExpr(const cls_ReadVisitor& reader) : omu_Primitive(reader.BaseReader())
 {
     SetType(KIND);
-    reader.ReadString(FIELDS[VALUE], m_Value);
+    Fields().Read(reader, *this);
 }
 
 atr_String omu_PrimExpr::TypeString() const
@@ -67,5 +65,5 @@ void omu_PrimExpr::DBWrite(const cls_WriteVisitor& writer) const
     if (!writer.Announce(TypeId(), Uid()))
         return;
     omu_Primitive::DBWrite(writer.BaseWriter());
-    writer.WriteString(FIELDS[VALUE], m_Value);
+    Fields().Write(writer, *this);
 }

@@ -42,33 +42,22 @@ omu_PrimList::omu_PrimList(const cls_ReadVisitor& reader) : omu_PrimTuple(reader
 
 omu_PrimList* omu_PrimList::Slice(int from, int to) const
 {
-    const int first = std::clamp(from, 0, Length());
-    const int last = std::clamp(to, 0, Length());
-    if (FindNull(first, last) >= 0)
-        nex_RaiseInternal(INDEX_RETURNED_NULL, SOURCE, __LINE__);
     auto slice = std::make_unique<omu_PrimList>();
-    slice->AppendItems(*this, first, last);
+    SliceInto(*slice, from, to, {INDEX_RETURNED_NULL, TOO_LONG, SOURCE, __LINE__});
     return slice.release();
 }
 
 omu_PrimList* omu_PrimList::Repeat(int count) const
 {
-    const int length = RepeatedLength(count, TOO_LONG, SOURCE, __LINE__);
-    if (FindNull(0, Length()) >= 0)
-        nex_RaiseInternal(INDEX_RETURNED_NULL, SOURCE, __LINE__);
-    auto repeated = std::make_unique<omu_PrimList>(length);
-    while (repeated->Length() < length)
-        repeated->AppendItems(*this, 0, Length());
+    auto repeated = std::make_unique<omu_PrimList>();
+    RepeatInto(*repeated, count, {INDEX_RETURNED_NULL, TOO_LONG, SOURCE, __LINE__});
     return repeated.release();
 }
 
 omu_PrimList* omu_PrimList::Concat(const omu_PrimSequence* other) const
 {
-    if (FindNull(0, Length()) >= 0 || HasNull(other))
-        nex_RaiseInternal(INDEX_RETURNED_NULL, SOURCE, __LINE__);
     auto joined = std::make_unique<omu_PrimList>();
-    joined->AppendItems(*this, 0, Length());
-    joined->AppendSequence(other);
+    ConcatInto(*joined, other, {INDEX_RETURNED_NULL, TOO_LONG, SOURCE, __LINE__});
     return joined.release();
 }
 

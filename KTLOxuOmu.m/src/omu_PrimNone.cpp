@@ -1,25 +1,24 @@
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <omu_PrimNone.h>
 #include <omu_PrimVisitor.h>
 
 namespace
 {
 constexpr char KIND = 'n';
-// Stored order: append only. A retired field keeps its index.
-enum Field { IS_SET };
-constexpr cls_FieldHandle FIELDS[] = {{IS_SET, "isSet"}};
 constexpr unsigned LAYOUT_RELEASE = 800;
+}
+
+constexpr auto omu_PrimNone::Fields()
+{
+    return cls_Fields(cls_Field{"isSet", &omu_PrimNone::m_IsSet});
 }
 
 void omu_PrimNone::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta =
-        registrar.Create("omu_PrimNone", TypeId(), LAYOUT_RELEASE, cls_TypeAdapter<omu_PrimNone>::Instance(),
-                         omu_Primitive::TypeId());
-    meta.AddAttribute(FIELDS[IS_SET], cls_AttributeType::BOOL, cls_UniversalRoot, cls_CollectionType::SINGLE);
+    Fields().Declare(registrar.Create("omu_PrimNone", TypeId(), LAYOUT_RELEASE,
+                                      cls_TypeAdapter<omu_PrimNone>::Instance(), omu_Primitive::TypeId()));
 }
 
 omu_PrimNone::omu_PrimNone(bool isSet) : omu_Primitive(KIND), m_IsSet(isSet) {}
@@ -27,7 +26,7 @@ omu_PrimNone::omu_PrimNone(bool isSet) : omu_Primitive(KIND), m_IsSet(isSet) {}
 omu_PrimNone::omu_PrimNone(const cls_ReadVisitor& reader) : omu_Primitive(reader.BaseReader())
 {
     SetType(KIND);
-    reader.ReadBool(FIELDS[IS_SET], m_IsSet);
+    Fields().Read(reader, *this);
 }
 
 atr_String omu_PrimNone::TypeString() const
@@ -66,5 +65,5 @@ void omu_PrimNone::DBWrite(const cls_WriteVisitor& writer) const
     if (!writer.Announce(TypeId(), Uid()))
         return;
     omu_Primitive::DBWrite(writer.BaseWriter());
-    writer.WriteBool(FIELDS[IS_SET], m_IsSet);
+    Fields().Write(writer, *this);
 }

@@ -1,7 +1,6 @@
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <omu_PrimPath.h>
 #include <omu_PrimString.h>
 #include <omu_PrimVisitor.h>
@@ -9,21 +8,19 @@
 namespace
 {
 constexpr char KIND = 'p';
-// Stored order: append only. A retired field keeps its index.
-enum Field { CONTEXT, CONTEXT_TYPE };
-constexpr cls_FieldHandle FIELDS[] = {{CONTEXT, "context"}, {CONTEXT_TYPE, "contextType"}};
 constexpr unsigned LAYOUT_RELEASE = 800;
+}
+
+constexpr auto omu_PrimPath::Fields()
+{
+    return cls_Fields(cls_Field{"context", &omu_PrimPath::m_Context},
+                      cls_Field{"contextType", &omu_PrimPath::m_ContextType});
 }
 
 void omu_PrimPath::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta =
-        registrar.Create("omu_PrimPath", TypeId(), LAYOUT_RELEASE, cls_TypeAdapter<omu_PrimPath>::Instance(),
-                         omu_Primitive::TypeId());
-    meta.AddAttribute(FIELDS[CONTEXT], cls_AttributeType::OBJECT, cls_ListTypeId,
-                      cls_CollectionType::LIST_STRING);
-    meta.AddAttribute(FIELDS[CONTEXT_TYPE], cls_AttributeType::INT, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
+    Fields().Declare(registrar.Create("omu_PrimPath", TypeId(), LAYOUT_RELEASE,
+                                      cls_TypeAdapter<omu_PrimPath>::Instance(), omu_Primitive::TypeId()));
 }
 
 omu_PrimPath::omu_PrimPath(const cow_String& file) : omu_PrimPath(cow_List<cow_String>({file}), FILE_PATH) {}
@@ -35,8 +32,7 @@ omu_PrimPath::omu_PrimPath(const cow_List<cow_String>& context, int contextType)
 omu_PrimPath::omu_PrimPath(const cls_ReadVisitor& reader) : omu_Primitive(reader.BaseReader())
 {
     SetType(KIND);
-    reader.ReadList(FIELDS[CONTEXT], m_Context);
-    reader.ReadInt(FIELDS[CONTEXT_TYPE], m_ContextType);
+    Fields().Read(reader, *this);
 }
 
 cow_String omu_PrimPath::PathText() const
@@ -86,6 +82,5 @@ void omu_PrimPath::DBWrite(const cls_WriteVisitor& writer) const
     if (!writer.Announce(TypeId(), Uid()))
         return;
     omu_Primitive::DBWrite(writer.BaseWriter());
-    writer.WriteList(FIELDS[CONTEXT], m_Context);
-    writer.WriteInt(FIELDS[CONTEXT_TYPE], m_ContextType);
+    Fields().Write(writer, *this);
 }

@@ -1,8 +1,7 @@
 #include <algorithm>
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <cstring>
 #include <limits>
 #include <nex_RaiseWith.h>
@@ -18,19 +17,18 @@ namespace
 {
 constexpr char KIND = 's';
 constexpr const char* TOO_LONG = "repeated string is too long";
-// Stored order: append only. A retired field keeps its index.
-enum Field { VALUE };
-constexpr cls_FieldHandle FIELDS[] = {{VALUE, "value"}};
 constexpr unsigned LAYOUT_RELEASE = 800;
+}
+
+constexpr auto omu_PrimString::Fields()
+{
+    return cls_Fields(cls_Field{"value", &omu_PrimString::m_Value});
 }
 
 void omu_PrimString::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta =
-        registrar.Create("omu_PrimString", TypeId(), LAYOUT_RELEASE,
-                         cls_TypeAdapter<omu_PrimString>::Instance(), omu_Primitive::TypeId());
-    meta.AddAttribute(FIELDS[VALUE], cls_AttributeType::STRING, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
+    Fields().Declare(registrar.Create("omu_PrimString", TypeId(), LAYOUT_RELEASE,
+                                      cls_TypeAdapter<omu_PrimString>::Instance(), omu_Primitive::TypeId()));
 }
 
 omu_PrimString::omu_PrimString(const cow_String& text) : omu_Primitive(KIND), m_Value(text) {}
@@ -46,7 +44,7 @@ omu_PrimString::omu_PrimString(const omu_PrimEnumBase& constant) : omu_PrimStrin
 omu_PrimString::omu_PrimString(const cls_ReadVisitor& reader) : omu_Primitive(reader.BaseReader())
 {
     SetType(KIND);
-    reader.ReadString(FIELDS[VALUE], m_Value);
+    Fields().Read(reader, *this);
 }
 
 void omu_PrimString::Concat(const omu_PrimString& other)
@@ -57,7 +55,7 @@ void omu_PrimString::Concat(const omu_PrimString& other)
 omu_PrimString omu_PrimString::Slice(int from, int to) const
 {
     const int first = std::clamp(from, 0, Length());
-    const int last = std::clamp(to, first, std::max(first, Length()));
+    const int last = std::clamp(to, first, Length());
     return omu_PrimString(m_Value.SubString(first, last - first));
 }
 
@@ -133,5 +131,5 @@ void omu_PrimString::DBWrite(const cls_WriteVisitor& writer) const
     if (!writer.Announce(TypeId(), Uid()))
         return;
     omu_Primitive::DBWrite(writer.BaseWriter());
-    writer.WriteString(FIELDS[VALUE], m_Value);
+    Fields().Write(writer, *this);
 }

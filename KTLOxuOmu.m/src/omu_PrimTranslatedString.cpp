@@ -1,7 +1,6 @@
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <omu_PrimString.h>
 #include <omu_PrimTranslatedString.h>
 #include <omu_PrimVisitor.h>
@@ -9,19 +8,19 @@
 namespace
 {
 constexpr char KIND = 'l';
-// Stored order: append only. A retired field keeps its index.
-enum Field { VALUE };
-constexpr cls_FieldHandle FIELDS[] = {{VALUE, "value"}};
 constexpr unsigned LAYOUT_RELEASE = 800;
+}
+
+constexpr auto omu_PrimTranslatedString::Fields()
+{
+    return cls_Fields(cls_Field{"value", &omu_PrimTranslatedString::m_Value});
 }
 
 void omu_PrimTranslatedString::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta =
-        registrar.Create("omu_PrimTranslatedString", TypeId(), LAYOUT_RELEASE,
-                         cls_TypeAdapter<omu_PrimTranslatedString>::Instance(), omu_Primitive::TypeId());
-    meta.AddAttribute(FIELDS[VALUE], cls_AttributeType::MESSAGE, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
+    Fields().Declare(registrar.Create("omu_PrimTranslatedString", TypeId(), LAYOUT_RELEASE,
+                                      cls_TypeAdapter<omu_PrimTranslatedString>::Instance(),
+                                      omu_Primitive::TypeId()));
 }
 
 omu_PrimTranslatedString::omu_PrimTranslatedString(const atr_String& text)
@@ -32,7 +31,7 @@ omu_PrimTranslatedString::omu_PrimTranslatedString(const cls_ReadVisitor& reader
     : omu_Primitive(reader.BaseReader())
 {
     SetType(KIND);
-    reader.ReadMessage(FIELDS[VALUE], m_Value);
+    Fields().Read(reader, *this);
 }
 
 atr_String omu_PrimTranslatedString::TypeString() const
@@ -71,5 +70,5 @@ void omu_PrimTranslatedString::DBWrite(const cls_WriteVisitor& writer) const
     if (!writer.Announce(TypeId(), Uid()))
         return;
     omu_Primitive::DBWrite(writer.BaseWriter());
-    writer.WriteMessage(FIELDS[VALUE], m_Value);
+    Fields().Write(writer, *this);
 }

@@ -94,24 +94,12 @@ omu_PrimTuple::omu_PrimTuple(const cow_List<omu_PrimEnumBase>& values, char kind
 
 omu_PrimTuple::omu_PrimTuple(const cow_2DArray<double>& values, char kind) : omu_PrimTuple(kind)
 {
-    for (int row = 0; row < values.Rows(); ++row)
-    {
-        auto items = std::make_unique<omu_PrimTuple>(values.Cols());
-        if (values.Cols() > 0)
-            items->PutEach(&values.Get(row, 0), values.Cols());
-        Put(std::move(items));
-    }
+    PutRows(values);
 }
 
 omu_PrimTuple::omu_PrimTuple(const cow_2DArray<cow_String>& values, char kind) : omu_PrimTuple(kind)
 {
-    for (int row = 0; row < values.Rows(); ++row)
-    {
-        auto items = std::make_unique<omu_PrimTuple>();
-        if (values.Cols() > 0)
-            items->PutEach(&values.Get(row, 0), values.Cols());
-        Put(std::move(items));
-    }
+    PutRows(values);
 }
 
 omu_PrimTuple::omu_PrimTuple(const cow_Map<cow_String, float>& values, char kind) : omu_PrimTuple(kind)
@@ -152,7 +140,6 @@ omu_PrimTuple::omu_PrimTuple(const omu_PrimVector::Items& values, char kind) : o
     for (int i = 0; i < values.Length(); ++i)
         m_Depth = omu_NestingDepth::With(values.Get(i), m_Depth);
     m_Items = omu_PrimVector(values);
-    m_Size = values.Length();
 }
 
 omu_PrimTuple::omu_PrimTuple(const cls_ReadVisitor& reader) : omu_PrimSequence(reader.BaseReader(), KIND)
@@ -180,18 +167,16 @@ void omu_PrimTuple::Put(const omi_complex& value)
 void omu_PrimTuple::Put(omu_Primitive* owned)
 {
     std::unique_ptr<omu_Primitive> guard(owned);
-    RequireRoom(m_Size + 1);
+    RequireRoom(m_Items.Length() + 1);
     const int depth = omu_NestingDepth::With(owned, m_Depth);
     m_Items.Append(guard.release());
     m_Depth = depth;
-    ++m_Size;
 }
 
 void omu_PrimTuple::PutNumber(double value, DataTypeEnm dataType)
 {
-    RequireRoom(m_Size + 1);
+    RequireRoom(m_Items.Length() + 1);
     m_Items.AppendNumber(value, dataType);
-    ++m_Size;
 }
 
 void omu_PrimTuple::PutBoolean(bool value)
@@ -206,14 +191,19 @@ void omu_PrimTuple::PutEach(const T* values, int count)
         Put(values[i]);
 }
 
+template <class T>
+void omu_PrimTuple::PutRows(const cow_2DArray<T>& values)
+{
+    for (int row = 0; row < values.Rows(); ++row)
+        Put(cow_List<T>::FromArray(values.Cols() > 0 ? &values.Get(row, 0) : nullptr, values.Cols()));
+}
+
 void omu_PrimTuple::TakeItems(const omu_PrimTuple& other)
 {
-    RequireRoom(other.m_Size);
+    RequireRoom(other.m_Items.Length());
     m_Items = other.m_Items;
-    m_Size = other.m_Size;
     m_Depth = other.m_Depth;
-    m_TypeExpected = atr_String();
-    omu_PrimTuple::Begin();
+    EndReading();
 }
 
 omu_Primitive* omu_PrimTuple::Index(int index) const
@@ -223,33 +213,22 @@ omu_Primitive* omu_PrimTuple::Index(int index) const
 
 omu_PrimTuple* omu_PrimTuple::Slice(int from, int to) const
 {
-    const int first = std::clamp(from, 0, m_Size);
-    const int last = std::clamp(to, 0, m_Size);
-    if (FindNull(first, last) >= 0)
-        nex_RaiseInternal(INDEX_RETURNED_NULL, SOURCE, __LINE__);
     auto slice = std::make_unique<omu_PrimTuple>();
-    slice->AppendItems(*this, first, last);
+    SliceInto(*slice, from, to, {INDEX_RETURNED_NULL, TOO_LONG, SOURCE, __LINE__});
     return slice.release();
 }
 
 omu_PrimTuple* omu_PrimTuple::Repeat(int count) const
 {
-    const int length = RepeatedLength(count, TOO_LONG, SOURCE, __LINE__);
-    if (FindNull(0, m_Size) >= 0)
-        nex_RaiseInternal(INDEX_RETURNED_NULL, SOURCE, __LINE__);
-    auto repeated = std::make_unique<omu_PrimTuple>(length);
-    while (repeated->Length() < length)
-        repeated->AppendItems(*this, 0, m_Size);
+    auto repeated = std::make_unique<omu_PrimTuple>();
+    RepeatInto(*repeated, count, {INDEX_RETURNED_NULL, TOO_LONG, SOURCE, __LINE__});
     return repeated.release();
 }
 
 omu_PrimTuple* omu_PrimTuple::Concat(const omu_PrimSequence* other) const
 {
-    if (FindNull(0, m_Size) >= 0 || HasNull(other))
-        nex_RaiseInternal(INDEX_RETURNED_NULL, SOURCE, __LINE__);
     auto joined = std::make_unique<omu_PrimTuple>();
-    joined->AppendItems(*this, 0, m_Size);
-    joined->AppendSequence(other);
+    ConcatInto(*joined, other, {INDEX_RETURNED_NULL, TOO_LONG, SOURCE, __LINE__});
     return joined.release();
 }
 
@@ -358,16 +337,9 @@ void omu_PrimTuple::End(const cow_String& nesting)
 {
     const cow_String& where = nesting.IsEmpty() ? m_NestingStr : nesting;
     if (m_ErrorArg != 0)
-    {
-        omu_ArgTypeErrorException fault;
-        fault.m_ArgNum = m_ErrorArg;
-        fault.m_Expecting = m_TypeExpected;
-        fault.m_Found = m_TypeFound;
-        fault.m_NestingStr = where;
-        nex_Raise(fault, SOURCE, __LINE__);
-    }
+        nex_Raise(TypeFault(where), SOURCE, __LINE__);
     if (CountError())
-        nex_Raise(omu_ArgNumberErrorException(m_ReqCount, m_Size, where), SOURCE, __LINE__);
+        nex_Raise(omu_ArgNumberErrorException(m_ReqCount, m_Items.Length(), where), SOURCE, __LINE__);
     EndReading();
 }
 
@@ -375,6 +347,11 @@ void omu_PrimTuple::SetExpected(const atr_String& expected)
 {
     if (m_ErrorArg != 0 && m_ErrorArg == m_Cursor && !(m_TypeExpected == Undetermined()))
         m_TypeExpected = expected;
+}
+
+void omu_PrimTuple::Refuse(const atr_String& expected)
+{
+    SetErrorOfPrevious(expected, View(m_Cursor - 1, &FoundText));
 }
 
 cow_String omu_PrimTuple::NestingOf(int argument) const
@@ -447,15 +424,13 @@ void omu_PrimTuple::RequireRoom(int) const {}
 cow_String omu_PrimTuple::Joined(char open, char close, bool commaAfterLone) const
 {
     std::string text(1, open);
-    for (int i = 0; i < m_Size; ++i)
+    for (int i = 0; i < m_Items.Length(); ++i)
     {
         if (i > 0)
             text += ", ";
-        View(i, [&](const omu_Primitive* item) {
-            text.append(item != nullptr ? item->AsRepr().View() : std::string_view("None"));
-        });
+        View(i, [&](const omu_Primitive* item) { text.append(ReprOf(item).View()); });
     }
-    if (m_Size == 1 && commaAfterLone)
+    if (m_Items.Length() == 1 && commaAfterLone)
         text += ',';
     text += close;
     return cow_String(text);
@@ -463,13 +438,12 @@ cow_String omu_PrimTuple::Joined(char open, char close, bool commaAfterLone) con
 
 bool omu_PrimTuple::HasEqualItems(const omu_PrimTuple& other) const
 {
-    if (m_Size != other.m_Size)
+    if (m_Items.Length() != other.m_Items.Length())
         return false;
-    for (int i = 0; i < m_Size; ++i)
+    for (int i = 0; i < m_Items.Length(); ++i)
     {
         const bool equal = View(i, [&](const omu_Primitive* a) {
-            return other.View(
-                i, [&](const omu_Primitive* b) { return a == nullptr || b == nullptr ? a == b : *a == *b; });
+            return other.View(i, [&](const omu_Primitive* b) { return AreEqual(a, b); });
         });
         if (!equal)
             return false;
@@ -488,13 +462,11 @@ void omu_PrimTuple::SetItem(int index, omu_Primitive* owned)
 void omu_PrimTuple::RemoveItem(int index)
 {
     m_Items.Remove(index);
-    --m_Size;
 }
 
 void omu_PrimTuple::ClearItems() noexcept
 {
     m_Items.Clear();
-    m_Size = 0;
     m_Depth = 1;
 }
 
@@ -503,46 +475,54 @@ void omu_PrimTuple::AppendItems(const omu_PrimTuple& other, int first, int last)
     if (first >= last)
         return;
     m_Items.AppendRange(other.m_Items, first, last);
-    m_Size += last - first;
     m_Depth = std::max(m_Depth, other.m_Depth);
 }
 
-void omu_PrimTuple::AppendSequence(const omu_PrimSequence* other)
-{
-    if (other == nullptr)
-        nex_Raise(omu_GenericTypeErrorException(), SOURCE, __LINE__);
-    const auto* tuple = dynamic_cast<const omu_PrimTuple*>(other);
-    // A list that a script holds has its items there, and not here.
-    if (tuple != nullptr && tuple->IsType(KIND))
-        AppendItems(*tuple, 0, tuple->m_Size);
-    else
-        for (int i = 0; i < other->Length(); ++i)
-            Put(other->Index(i));
-}
-
-int omu_PrimTuple::FindNull(int from, int to) const
+void omu_PrimTuple::RefuseNull(int from, int to, const Faults& faults) const
 {
     if (m_Items.Numbers() != nullptr)
-        return -1;
+        return;
     for (int i = from; i < to; ++i)
         if (m_Items.Get(i) == nullptr)
-            return i;
-    return -1;
+            nex_RaiseInternal(faults.nullItem, faults.source, faults.line);
 }
 
-bool omu_PrimTuple::HasNull(const omu_PrimSequence* other)
+void omu_PrimTuple::SliceInto(omu_PrimTuple& slice, int from, int to, const Faults& faults) const
+{
+    const int first = std::clamp(from, 0, m_Items.Length());
+    const int last = std::clamp(to, 0, m_Items.Length());
+    RefuseNull(first, last, faults);
+    slice.AppendItems(*this, first, last);
+}
+
+void omu_PrimTuple::RepeatInto(omu_PrimTuple& repeated, int count, const Faults& faults) const
+{
+    const int once = m_Items.Length();
+    const int times = once > 0 ? std::max(count, 0) : 0;
+    if (times > 0 && once > std::numeric_limits<int>::max() / times)
+        nex_Raise(omu_OverflowErrorException(oxu_FormatMessage(faults.tooLong)), faults.source, faults.line);
+    RefuseNull(0, once, faults);
+    repeated.m_Items.Reserve(times * once);
+    for (int i = 0; i < times; ++i)
+        repeated.AppendItems(*this, 0, once);
+}
+
+void omu_PrimTuple::ConcatInto(omu_PrimTuple& joined, const omu_PrimSequence* other,
+                               const Faults& faults) const
 {
     const auto* tuple = dynamic_cast<const omu_PrimTuple*>(other);
-    return tuple != nullptr && tuple->FindNull(0, tuple->m_Size) >= 0;
-}
-
-int omu_PrimTuple::RepeatedLength(int count, const char* tooLong, const char* source, int line) const
-{
-    if (count <= 0 || m_Size == 0)
-        return 0;
-    if (count > std::numeric_limits<int>::max() / m_Size)
-        nex_Raise(omu_OverflowErrorException(oxu_FormatMessage(tooLong)), source, line);
-    return count * m_Size;
+    RefuseNull(0, m_Items.Length(), faults);
+    if (tuple != nullptr)
+        tuple->RefuseNull(0, tuple->m_Items.Length(), faults);
+    joined.AppendItems(*this, 0, m_Items.Length());
+    if (other == nullptr)
+        nex_Raise(omu_GenericTypeErrorException(), SOURCE, __LINE__);
+    // A list that a script holds has its items there, and not here.
+    if (tuple != nullptr && tuple->IsType(KIND))
+        joined.AppendItems(*tuple, 0, tuple->m_Items.Length());
+    else
+        for (int i = 0; i < other->Length(); ++i)
+            joined.Put(other->Index(i));
 }
 
 const atr_String& omu_PrimTuple::Undetermined()
@@ -572,6 +552,14 @@ void omu_PrimTuple::SetError(const atr_String& expected, const atr_String& found
     SetTypes(expected, found);
 }
 
+void omu_PrimTuple::SetErrorOfPrevious(const atr_String& expected, const atr_String& found)
+{
+    if (m_ErrorArg != 0)
+        return;
+    m_ErrorArg = m_Cursor;
+    SetTypes(expected, found);
+}
+
 void omu_PrimTuple::SetTypes(const atr_String& expected, const atr_String& found)
 {
     m_TypeExpected = expected;
@@ -589,13 +577,18 @@ atr_String omu_PrimTuple::FoundText(const omu_Primitive* item)
     return item->TypeString();
 }
 
+omu_ArgTypeErrorException omu_PrimTuple::TypeFault(const cow_String& nesting) const
+{
+    omu_ArgTypeErrorException fault;
+    fault.m_ArgNum = m_ErrorArg;
+    fault.m_Expecting = m_TypeExpected;
+    fault.m_Found = m_TypeFound;
+    fault.m_NestingStr = nesting;
+    return fault;
+}
+
 void omu_PrimTuple::EndReading()
 {
-    m_Cursor = 0;
-    m_ReqCount = 0;
-    m_ArgCount = 0;
-    m_IsOptional = false;
-    m_ErrorArg = 0;
-    m_TypeFound = atr_String();
+    omu_PrimTuple::Begin();
     m_TypeExpected = atr_String();
 }

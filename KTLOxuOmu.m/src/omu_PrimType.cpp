@@ -1,7 +1,6 @@
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <iterator>
 #include <omu_InterfaceObj.h>
 #include <omu_PrimType.h>
@@ -11,22 +10,21 @@
 namespace
 {
 constexpr char KIND = 't';
-// Stored order: append only. A retired field keeps its index.
-enum Field { TYPE_STRING };
-constexpr cls_FieldHandle FIELDS[] = {{TYPE_STRING, "typeString"}};
 constexpr unsigned LAYOUT_RELEASE = 800;
 // By value; the last stands for everything unknown.
 constexpr std::string_view NAMES[] = {"Part", "Sketch", "XYPlot", "Stub", "DetailPlot", "Assembly", "None"};
 static_assert(std::size(NAMES) == static_cast<std::size_t>(omu_ObjectToDisplayTypeEnm::NONE) + 1);
 }
 
+constexpr auto omu_PrimType::Fields()
+{
+    return cls_Fields(cls_Field{"typeString", &omu_PrimType::m_TypeString});
+}
+
 void omu_PrimType::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta =
-        registrar.Create("omu_PrimType", TypeId(), LAYOUT_RELEASE, cls_TypeAdapter<omu_PrimType>::Instance(),
-                         omu_Primitive::TypeId());
-    meta.AddAttribute(FIELDS[TYPE_STRING], cls_AttributeType::STRING, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
+    Fields().Declare(registrar.Create("omu_PrimType", TypeId(), LAYOUT_RELEASE,
+                                      cls_TypeAdapter<omu_PrimType>::Instance(), omu_Primitive::TypeId()));
 }
 
 omu_PrimType::omu_PrimType(const cow_String& typeString) : omu_Primitive(KIND), m_TypeString(typeString) {}
@@ -39,7 +37,7 @@ omu_PrimType::omu_PrimType(const cls_ReadVisitor& reader)
     : omu_Primitive(reader.BaseReader()), m_TypeString("None")
 {
     SetType(KIND);
-    reader.ReadString(FIELDS[TYPE_STRING], m_TypeString);
+    Fields().Read(reader, *this);
 }
 
 bool omu_PrimType::SameType(const omu_InterfaceObj& object) const
@@ -101,5 +99,5 @@ void omu_PrimType::DBWrite(const cls_WriteVisitor& writer) const
     if (!writer.Announce(TypeId(), Uid()))
         return;
     omu_Primitive::DBWrite(writer.BaseWriter());
-    writer.WriteString(FIELDS[TYPE_STRING], m_TypeString);
+    Fields().Write(writer, *this);
 }

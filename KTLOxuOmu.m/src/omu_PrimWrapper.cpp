@@ -2,8 +2,7 @@
 #include <cls_ReadVisitor.h>
 #include <cls_TypeAdapter.h>
 #include <cls_WriteVisitor.h>
-#include <omu_PrimString.h>
-#include <omu_PrimTranslatedString.h>
+#include <omu_ObjectText.h>
 #include <omu_PrimVisitor.h>
 #include <omu_PrimWrapper.h>
 
@@ -14,16 +13,6 @@ constexpr char KIND = '<';
 enum Field { OBJECT_TYPE, MEMBERS };
 constexpr cls_FieldHandle FIELDS[] = {{OBJECT_TYPE, "objectType"}, {MEMBERS, "members"}};
 constexpr unsigned LAYOUT_RELEASE = 800;
-
-// The text held by a string of either kind; empty for anything else, and for nothing.
-cow_String TextOf(const omu_Primitive* value)
-{
-    if (const auto* text = dynamic_cast<const omu_PrimString*>(value))
-        return text->Value();
-    if (const auto* text = dynamic_cast<const omu_PrimTranslatedString*>(value))
-        return text->AsTranslatedString();
-    return {};
-}
 }
 
 void omu_PrimWrapper::InitializeMetadata(cls_ClassRegistrar& registrar)
@@ -58,13 +47,7 @@ atr_String omu_PrimWrapper::TypeString() const
 
 cow_String omu_PrimWrapper::AsString(int) const
 {
-    cow_String text = "<";
-    text += TypeString();
-    text += " object";
-    const cow_String name = TextOf(MemberDictionary().Get("name"));
-    if (!name.IsEmpty())
-        text += " named " + name;
-    return text += ">";
+    return omu_ObjectText(TypeString(), MemberDictionary().Get("name"));
 }
 
 bool omu_PrimWrapper::operator==(const omu_Primitive& other) const

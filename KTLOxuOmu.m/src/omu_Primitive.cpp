@@ -1,8 +1,7 @@
 #include <cls_AbsTypeAdapter.h>
 #include <cls_ClassRegistrar.h>
+#include <cls_Fields.h>
 #include <cls_MetadataRegistrar.h>
-#include <cls_ReadVisitor.h>
-#include <cls_WriteVisitor.h>
 #include <nex_PrimException.h>
 #include <nex_RaiseWith.h>
 #include <omu_Primitive.h>
@@ -10,9 +9,6 @@
 
 namespace
 {
-// Stored order: append only. A retired field keeps its index.
-enum Field { TYPE };
-constexpr cls_FieldHandle FIELDS[] = {{TYPE, "type"}};
 constexpr unsigned LAYOUT_RELEASE = 514;
 
 void Free(void* body)
@@ -21,18 +17,23 @@ void Free(void* body)
 }
 }
 
+constexpr auto omu_Primitive::Fields()
+{
+    return cls_Fields(cls_Field{"type", &omu_Primitive::m_Type});
+}
+
 void omu_Primitive::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
     cls_ClassMetadata& meta =
         registrar.Create("omu_Primitive", TypeId(), LAYOUT_RELEASE,
                          cls_AbsTypeAdapter<omu_Primitive>::Instance(), cls_UniversalRoot);
-    meta.AddAttribute(FIELDS[TYPE], cls_AttributeType::CHAR, cls_UniversalRoot, cls_CollectionType::SINGLE);
+    Fields().Declare(meta);
     meta.AddDtor(&Free);
 }
 
 omu_Primitive::omu_Primitive(const cls_ReadVisitor& reader) : m_Type('\0'), uid_(reader.Uid())
 {
-    reader.ReadChar(FIELDS[TYPE], m_Type);
+    Fields().Read(reader, *this);
 }
 
 omu_Primitive::~omu_Primitive() = default;
@@ -64,11 +65,21 @@ void omu_Primitive::DBWrite(const cls_WriteVisitor& writer) const
         RefuseStoring(TypeString());
     if (!writer.Announce(TypeId(), uid_))
         return;
-    writer.WriteChar(FIELDS[TYPE], m_Type);
+    Fields().Write(writer, *this);
 }
 
 void omu_Primitive::RefuseStoring(const cow_String& name)
 {
     nex_Raise(nex_PrimException(oxu_FormatMessage("%s cannot be stored", name)),
               "KTLOxuOmu.m/src/omu_Primitive", __LINE__);
+}
+
+cow_String omu_Primitive::ReprOf(const omu_Primitive* value)
+{
+    return value != nullptr ? value->AsRepr() : cow_String("None");
+}
+
+bool omu_Primitive::AreEqual(const omu_Primitive* a, const omu_Primitive* b)
+{
+    return a == nullptr || b == nullptr ? a == b : *a == *b;
 }

@@ -6,8 +6,8 @@
 
 namespace
 {
-enum KeywordType { INTEGER = 1, FLOATING_POINT = 2 };
-enum Qualifier { NO_LIMIT = 0, INCLUSIVE = 1, EXCLUSIVE = 2 };
+using enum omu_RangeErrorException::KeywordType;
+using enum omu_RangeErrorException::Qualifier;
 
 // For doubles numeric_limits' min() is the least positive normal number, and it is meant.
 template <class T>

@@ -1,9 +1,8 @@
 #include <algorithm>
 #include <charconv>
 #include <cls_ClassRegistrar.h>
-#include <cls_ReadVisitor.h>
+#include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
-#include <cls_WriteVisitor.h>
 #include <cmath>
 #include <limits>
 #include <omu_NumberText.h>
@@ -15,24 +14,18 @@
 
 namespace
 {
-// Stored order: append only. A retired field keeps its index.
-enum Field { KEYWORD, KEYWORD_TYPE, LOWER_LIMIT, LOWER_QUALIFIER, HIGHER_LIMIT, HIGHER_QUALIFIER };
-constexpr cls_FieldHandle FIELDS[] = {
-    {KEYWORD, "m_Keyword"},
-    {KEYWORD_TYPE, "m_KeywordType"},
-    {LOWER_LIMIT, "m_LowerLimitAsString"},
-    {LOWER_QUALIFIER, "m_LowerLimitQualifier"},
-    {HIGHER_LIMIT, "m_HigherLimitAsString"},
-    {HIGHER_QUALIFIER, "m_HigherLimitQualifier"},
-};
+constexpr cls_Fields
+    FIELDS(cls_Field{"m_Keyword", &omu_RangeErrorException::m_Keyword},
+           cls_Field{"m_KeywordType", &omu_RangeErrorException::m_KeywordType},
+           cls_Field{"m_LowerLimitAsString", &omu_RangeErrorException::m_LowerLimitAsString},
+           cls_Field{"m_LowerLimitQualifier", &omu_RangeErrorException::m_LowerLimitQualifier},
+           cls_Field{"m_HigherLimitAsString", &omu_RangeErrorException::m_HigherLimitAsString},
+           cls_Field{"m_HigherLimitQualifier", &omu_RangeErrorException::m_HigherLimitQualifier});
 constexpr unsigned LAYOUT_RELEASE = 800;
-
-enum KeywordType { INTEGER = 1, FLOATING_POINT = 2 };
-enum Qualifier { NO_LIMIT = 0, INCLUSIVE = 1, EXCLUSIVE = 2 };
 
 bool IsQualifier(int code)
 {
-    return code >= NO_LIMIT && code <= EXCLUSIVE;
+    return code >= omu_RangeErrorException::NO_LIMIT && code <= omu_RangeErrorException::EXCLUSIVE;
 }
 
 // The scripting language's text has 15 digits, which turn some doubles into another on reading back, the
@@ -56,32 +49,15 @@ cow_String LimitText(double limit)
 
 void omu_RangeErrorException::InitializeMetadata(cls_ClassRegistrar& registrar)
 {
-    cls_ClassMetadata& meta = registrar.Create("omu_RangeErrorException", TypeId(), LAYOUT_RELEASE,
-                                               cls_TypeAdapter<omu_RangeErrorException>::Instance(),
-                                               nex_CommandException::TypeId());
-    meta.AddAttribute(FIELDS[KEYWORD], cls_AttributeType::STRING, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
-    meta.AddAttribute(FIELDS[KEYWORD_TYPE], cls_AttributeType::INT, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
-    meta.AddAttribute(FIELDS[LOWER_LIMIT], cls_AttributeType::STRING, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
-    meta.AddAttribute(FIELDS[LOWER_QUALIFIER], cls_AttributeType::INT, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
-    meta.AddAttribute(FIELDS[HIGHER_LIMIT], cls_AttributeType::STRING, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
-    meta.AddAttribute(FIELDS[HIGHER_QUALIFIER], cls_AttributeType::INT, cls_UniversalRoot,
-                      cls_CollectionType::SINGLE);
+    FIELDS.Declare(registrar.Create("omu_RangeErrorException", TypeId(), LAYOUT_RELEASE,
+                                    cls_TypeAdapter<omu_RangeErrorException>::Instance(),
+                                    nex_CommandException::TypeId()));
 }
 
 omu_RangeErrorException::omu_RangeErrorException(const cls_ReadVisitor& reader)
     : nex_CommandException(reader.BaseReader())
 {
-    reader.ReadString(FIELDS[KEYWORD], m_Keyword);
-    reader.ReadInt(FIELDS[KEYWORD_TYPE], m_KeywordType);
-    reader.ReadString(FIELDS[LOWER_LIMIT], m_LowerLimitAsString);
-    reader.ReadInt(FIELDS[LOWER_QUALIFIER], m_LowerLimitQualifier);
-    reader.ReadString(FIELDS[HIGHER_LIMIT], m_HigherLimitAsString);
-    reader.ReadInt(FIELDS[HIGHER_QUALIFIER], m_HigherLimitQualifier);
+    FIELDS.Read(reader, *this);
 }
 
 void omu_RangeErrorException::Propagate() const
@@ -99,12 +75,7 @@ void omu_RangeErrorException::DBWrite(const cls_WriteVisitor& writer) const
     if (!writer.Announce(TypeId(), Identifier()))
         return;
     nex_CommandException::DBWrite(writer.BaseWriter());
-    writer.WriteString(FIELDS[KEYWORD], m_Keyword);
-    writer.WriteInt(FIELDS[KEYWORD_TYPE], m_KeywordType);
-    writer.WriteString(FIELDS[LOWER_LIMIT], m_LowerLimitAsString);
-    writer.WriteInt(FIELDS[LOWER_QUALIFIER], m_LowerLimitQualifier);
-    writer.WriteString(FIELDS[HIGHER_LIMIT], m_HigherLimitAsString);
-    writer.WriteInt(FIELDS[HIGHER_QUALIFIER], m_HigherLimitQualifier);
+    FIELDS.Write(writer, *this);
 }
 
 void omu_RangeErrorException::SetLowerLimitAsInt(int limit)

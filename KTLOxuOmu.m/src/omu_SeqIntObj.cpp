@@ -18,7 +18,6 @@
 namespace
 {
 constexpr const char* SOURCE = "KTLOxuOmu.m/src/omu_SeqIntObj";
-constexpr const char* ILLEGAL_OPERATION = "Error: Illegal operation for type.";
 
 // Equal values have equal hashes, whatever their class; kinds that say nothing cheaply share one.
 std::size_t HashOf(const omu_Primitive* value)
@@ -31,11 +30,6 @@ std::size_t HashOf(const omu_Primitive* value)
     if (const auto* object = dynamic_cast<const omu_InterfaceObj*>(value))
         return object->BaseShortcut().Path().Hash();
     return 0;
-}
-
-bool AreEqual(const omu_Primitive* a, const omu_Primitive* b)
-{
-    return a == nullptr || b == nullptr ? a == b : *a == *b;
 }
 
 void AppendElements(omu_PrimList& list, const omu_SeqIntObj& sequence, int from, int to)
@@ -63,22 +57,16 @@ omu_SeqIntObj::omu_SeqIntObj(const omu_Shortcut& shortcut, omu_OperationRules ru
     SetTypeDesc(Description());
 }
 
-omu_SeqIntObj::omu_SeqIntObj(const omu_Shortcut& shortcut)
-    : omu_SeqIntObj(shortcut, omu_OperationRules(), omu_PythonType::SEQUENCE)
-{}
-
 omu_SeqIntObj::omu_SeqIntObj(omu_OperationRules rules, omu_PythonType pythonType)
     : omu_SeqIntObj(omu_Shortcut(), rules, pythonType)
 {}
-
-omu_SeqIntObj::omu_SeqIntObj() : omu_SeqIntObj(omu_Shortcut()) {}
 
 cow_String omu_SeqIntObj::ElementText(int position) const
 {
     try
     {
         const std::unique_ptr<omu_Primitive> element(Index(position));
-        return TextOfValue(element.get());
+        return ReprOf(element.get());
     }
     catch (const KTLBasException& failure)
     {

@@ -55,5 +55,6 @@ bool operator==(const omu_Shortcut& a, const omu_Shortcut& b)
 {
     if (a.body_ == b.body_)
         return true;
-    return a.body_ != nullptr && b.body_ != nullptr && a.body_->JoinedSteps() == b.body_->JoinedSteps();
+    return a.body_ != nullptr && b.body_ != nullptr &&
+           a.body_->JoinedSteps(false) == b.body_->JoinedSteps(false);
 }

@@ -26,12 +26,7 @@ omu_Shortcut omu_ShortcutImpl::TakeBase() noexcept
 
 void omu_ShortcutImpl::TracePath(const std::string&) const {}
 
-std::string omu_ShortcutImpl::JoinedSteps() const
-{
-    return Join(false);
-}
-
-std::string omu_ShortcutImpl::Join(bool traced) const
+std::string omu_ShortcutImpl::JoinedSteps(bool traced) const
 {
     std::vector<const omu_ShortcutImpl*> steps;
     for (const omu_ShortcutImpl* step = this; step != nullptr; step = step->Base())

@@ -5,7 +5,7 @@ omu_SimpleShortcutImpl::omu_SimpleShortcutImpl(const omu_Shortcut& base) : base_
 
 cow_String omu_SimpleShortcutImpl::Path() const
 {
-    return cow_String(Join(omu_EnvSwitches::TraceShortcutPaths()));
+    return cow_String(JoinedSteps(omu_EnvSwitches::TraceShortcutPaths()));
 }
 
 bool omu_SimpleShortcutImpl::InModel() const

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <memory>
+#include <omu_ItemReader.h>
 #include <omu_PrimString.h>
-#include <omu_PrimTranslatedString.h>
 #include <omu_Table.h>
 #include <omu_Utf8.h>
 #include <string>
@@ -16,13 +16,10 @@ std::string CellText(const omu_Primitive* cell)
 {
     if (cell == nullptr)
         return {};
-    std::string text;
-    if (const auto* string = dynamic_cast<const omu_PrimString*>(cell))
-        text = string->Value().View();
-    else if (const auto* translated = dynamic_cast<const omu_PrimTranslatedString*>(cell))
-        text = translated->AsTranslatedString().AsString().View();
-    else
-        text = cell->AsRepr().View();
+    cow_String held;
+    if (!omu_ItemReader::Read(*cell, held))
+        held = cell->AsRepr();
+    std::string text(held.View());
     std::replace(text.begin(), text.end(), '\n', ' ');
     return text;
 }

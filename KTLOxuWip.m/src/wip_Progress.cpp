@@ -130,10 +130,7 @@ bool wip_Progress::Update(float f, const atr_String& message)
 
 bool wip_Progress::Finish()
 {
-    Clear();
-    const atr_String message = Top().message;
-    wip_WIP::Instance().Milestone(message);
-    return true;
+    return Initialize(atr_String());
 }
 
 bool wip_Progress::SetProgress(wip_ProgressState& state)

@@ -7,7 +7,6 @@
 #include <bat_Phase.h>
 #include <bat_TravelSearch.h>
 #include <gsl_Point.h>
-#include <gsl_TriOctreeNode.h>
 #include <gsl_Util.h>
 #include <optional>
 #include <stdexcept>

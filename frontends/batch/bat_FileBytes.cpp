@@ -1,7 +1,7 @@
 #include <bat_FileBytes.h>
 
-#include <bat_Interrupted.h>
 #include <bat_MeshError.h>
+#include <bat_Task.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -33,21 +33,13 @@ struct Descriptor
     ~Descriptor() { ::close(number); }
 };
 
-void Ask(bat_Watcher& watcher)
-{
-    if (!watcher.Proceed(0.0))
-    {
-        throw bat_Interrupted();
-    }
-}
-
 /// Until there is something to read from a pipe, or the other end was closed.
-void Await(int pipe, bat_Watcher& watcher)
+void Await(int pipe, const bat_Task& task)
 {
     pollfd waiting = {pipe, POLLIN, 0};
     while (::poll(&waiting, 1, WAIT_MILLISECONDS) <= 0)
     {
-        Ask(watcher);
+        task.Ask();
     }
 }
 }
@@ -89,12 +81,13 @@ bat_FileBytes::bat_FileBytes(const std::string& path, bat_Watcher& watcher)
     std::size_t capacity = std::max(static_cast<std::size_t>(status.st_size) + 1, PIPE_CAPACITY);
     Grow(capacity);
     const bool pipe = S_ISFIFO(status.st_mode);
+    const bat_Task task(watcher, 0);
     for (;;)
     {
-        Ask(watcher);
+        task.Ask();
         if (pipe)
         {
-            Await(opened, watcher);
+            Await(opened, task);
         }
         const ssize_t got =
             ::read(opened, bytes_.get() + length_, std::min(capacity - length_, LARGEST_READ));

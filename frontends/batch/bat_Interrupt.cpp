@@ -1,20 +1,18 @@
 #include <atomic>
 #include <bat_ExitCode.h>
 #include <bat_Interrupt.h>
-#include <bat_Interrupted.h>
 #include <string_view>
 #include <unistd.h>
 
 namespace
 {
-// Lock-free, so that the handler may touch them.
+// Lock-free, so that the handler may touch it.
 std::atomic<bool> requested{false};
-std::atomic<bool> atOnce{false};
 static_assert(std::atomic<bool>::is_always_lock_free);
 
 extern "C" void OnInterrupt(int)
 {
-    if (!requested.exchange(true) && !atOnce.load())
+    if (!requested.exchange(true))
         return;
     constexpr std::string_view WORDS = "\norvex: interrupted\n";
     [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, WORDS.data(), WORDS.size());
@@ -39,19 +37,4 @@ bat_Interrupt::~bat_Interrupt()
 bool bat_Interrupt::IsRequested() noexcept
 {
     return requested.load(std::memory_order_relaxed);
-}
-
-bat_Interrupt::AtOnce::AtOnce()
-{
-    atOnce = true;
-    if (requested)
-    {
-        atOnce = false;
-        throw bat_Interrupted();
-    }
-}
-
-bat_Interrupt::AtOnce::~AtOnce()
-{
-    atOnce = false;
 }

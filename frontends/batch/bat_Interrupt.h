@@ -14,18 +14,6 @@ public:
 
     static bool IsRequested() noexcept;
 
-    /// A scope that cannot poll and has nothing to tidy up, such as reading a file: the signal ends the
-    /// process at once, with bat_ExitCode::INTERRUPTED. On entry, raises bat_Interrupted if the signal came
-    /// before.
-    class AtOnce
-    {
-    public:
-        AtOnce();
-        ~AtOnce();
-        AtOnce(const AtOnce&) = delete;
-        AtOnce& operator=(const AtOnce&) = delete;
-    };
-
 private:
     struct sigaction former_;
 };

@@ -1,5 +1,7 @@
 #include <bat_MeshError.h>
 
+#include <cmath>
+
 bat_MeshError::bat_MeshError(const std::string& file, const std::string& place, const std::string& reason)
     : file_(file), reason_(reason), sentence_(file + place + ": " + reason)
 {}
@@ -27,4 +29,10 @@ bat_MeshError bat_MeshError::OfSystem(const std::string& file, int number, const
     bat_MeshError error(file, reason);
     error.systemNumber_ = number;
     return error;
+}
+
+std::string bat_MeshError::NotFinite(std::size_t axis, double coordinate, const char* what, std::size_t index)
+{
+    return std::string("the ") + "xyz"[axis] + " coordinate of a corner of " + what + " " +
+           std::to_string(index) + " is " + (std::isnan(coordinate) ? "not a number (NaN)" : "infinite");
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <optional>
@@ -20,6 +21,9 @@ public:
     static bat_MeshError AtByte(const std::string& file, std::uint64_t byte, const std::string& reason);
     /// The system refused the file, with that number of errno.
     static bat_MeshError OfSystem(const std::string& file, int number, const std::string& reason);
+
+    /// A reason: "the y coordinate of a corner of facet 7 is infinite". axis: 0 to 2; what: "facet".
+    static std::string NotFinite(std::size_t axis, double coordinate, const char* what, std::size_t index);
 
     const char* what() const noexcept override { return sentence_.c_str(); }
     const std::string& File() const { return file_; }

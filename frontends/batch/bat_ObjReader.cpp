@@ -8,7 +8,6 @@ namespace
 constexpr std::string_view PASSED_OVER[] = {
     "vt",     "vn",  "vp",    "p",        "l",        "g",      "o",      "s",          "mg",       "mtllib",
     "usemtl", "lod", "bevel", "c_interp", "d_interp", "maplib", "usemap", "shadow_obj", "trace_obj"};
-constexpr const char* AXES[] = {"x coordinate", "y coordinate", "z coordinate"};
 constexpr const char* KIND_NAMES[] = {"vertex", "texture", "normal"};
 constexpr const char* KIND_PLURALS[] = {"vertices", "texture coordinates", "normals"};
 }
@@ -71,9 +70,9 @@ void bat_ObjReader::CollectVertices()
 
 void bat_ObjReader::ReadVertex(bat_TextCursor& cursor)
 {
-    for (const char* axis : AXES)
+    for (const char* name : bat_TextCursor::COORDINATES)
     {
-        vertices_.push_back(cursor.Finite(cursor.NextOnLine(), axis));
+        vertices_.push_back(cursor.Finite(cursor.NextOnLine(), name));
     }
     int further = 0;
     for (std::string_view word = cursor.NextOnLine(); !word.empty(); word = cursor.NextOnLine(), ++further)

@@ -122,14 +122,13 @@ void bat_OffReader::ReadHeader()
 
 void bat_OffReader::ReadVertex()
 {
-    static constexpr const char* NAMES[] = {"x coordinate", "y coordinate", "z coordinate"};
     std::string_view word = cursor_.Next();
     if (word.empty())
     {
         cursor_.Refuse("the file ends after " + std::to_string(vertices_.size() / 3) + " of " +
                        std::to_string(vertexCount_) + " vertices");
     }
-    for (const char* name : NAMES)
+    for (const char* name : bat_TextCursor::COORDINATES)
     {
         vertices_.push_back(cursor_.Finite(word, name));
         word = cursor_.NextOnLine();

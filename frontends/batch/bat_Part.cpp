@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <bat_MeshError.h>
+#include <bat_MeshReader.h>
 #include <bat_Number.h>
 #include <bat_Part.h>
+#include <bat_Phase.h>
 #include <bat_Task.h>
 #include <cmath>
 #include <cow_String.h>
@@ -15,6 +17,13 @@ namespace
 // Squares of areas, fourth powers of lengths, must stay finite.
 constexpr double LARGEST_COORDINATE = 1e75;
 constexpr std::size_t MOST_TRIANGLES = std::numeric_limits<int>::max();
+
+void SetPoints(const bat_Corners& corners, gsl_Point& p1, gsl_Point& p2, gsl_Point& p3)
+{
+    p1.Set(corners[0], corners[1], corners[2]);
+    p2.Set(corners[3], corners[4], corners[5]);
+    p3.Set(corners[6], corners[7], corners[8]);
+}
 
 std::string TooLarge(double coordinate)
 {
@@ -33,6 +42,20 @@ bat_Part::bat_Part(std::string name, const bat_TriangleView& triangles, bat_Watc
     : file_(std::move(name)), triangles_(triangles)
 {
     Measure(watcher);
+}
+
+bat_Part bat_Part::Read(const std::string& file, bat_Watcher& watcher, float share)
+{
+    const bat_Phase phase(watcher, share, "reading " + file);
+    bat_TriangleMesh mesh = bat_ReadMesh(file, watcher);
+    for (const std::string& sentence : mesh.Notes())
+        watcher.Note(file + ": " + sentence);
+    return bat_Part(file, std::move(mesh), watcher);
+}
+
+void bat_Part::Points(int triangle, gsl_Point& p1, gsl_Point& p2, gsl_Point& p3) const
+{
+    SetPoints(Corners(triangle), p1, p2, p3);
 }
 
 void bat_Part::Measure(bat_Watcher& watcher)
@@ -56,8 +79,7 @@ void bat_Part::Measure(bat_Watcher& watcher)
             low[k % 3] = std::min(low[k % 3], corners[k]);
             high[k % 3] = std::max(high[k % 3], corners[k]);
         }
-        for (std::size_t c = 0; c < 3; ++c)
-            p[c].Set(corners[3 * c], corners[3 * c + 1], corners[3 * c + 2]);
+        SetPoints(corners, p[0], p[1], p[2]);
         const bool hasNormal = gsl_Vector(p[0], p[1], p[2]).Magnitude() >= flat;
         hasNormal_[static_cast<std::size_t>(i)] = hasNormal;
         degenerate_ += !hasNormal;
@@ -79,10 +101,8 @@ void bat_Part::Check(int triangle, const bat_Corners& corners) const
             continue;
         if (std::isfinite(corners[k]))
             throw bat_MeshError(file_, TooLarge(std::abs(corners[k])));
-        const std::string axis(1, "xyz"[k % 3]);
-        throw bat_MeshError(file_, "the " + axis + " coordinate of a corner of triangle " +
-                                       std::to_string(triangle) + " is " +
-                                       (std::isnan(corners[k]) ? "not a number (NaN)" : "infinite"));
+        throw bat_MeshError(file_, bat_MeshError::NotFinite(k % 3, corners[k], "triangle",
+                                                            static_cast<std::size_t>(triangle)));
     }
 }
 
@@ -95,9 +115,7 @@ void bat_Part::Plant(gsl_TriOctree::OctreeNodeType type, int depth, bat_Watcher&
     bat_Task task(watcher, triangles_.Length());
     for (int i = 0; i < Count(); ++i, task.Step())
     {
-        const bat_Corners corners = Corners(i);
-        for (std::size_t c = 0; c < 3; ++c)
-            p[c].Set(corners[3 * c], corners[3 * c + 1], corners[3 * c + 2]);
+        Points(i, p[0], p[1], p[2]);
         outside_ += !root.Add(p[0], p[1], p[2], i);
     }
 }

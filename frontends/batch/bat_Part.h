@@ -24,6 +24,9 @@ public:
     /// Triangles in place; name stands in messages where the file's name would.
     bat_Part(std::string name, const bat_TriangleView& triangles,
              bat_Watcher& watcher = bat_Watcher::Nobody());
+    /// The part in a file, read as a phase of the watcher's job of that share; what is odd about the file is
+    /// noted. Raises bat_MeshError, bat_Interrupted.
+    static bat_Part Read(const std::string& file, bat_Watcher& watcher, float share);
     bat_Part(bat_Part&&) = default;
     bat_Part& operator=(bat_Part&&) = default;
 
@@ -39,6 +42,8 @@ public:
             Check(triangle, corners);
         return corners;
     }
+    /// The same three corners.
+    void Points(int triangle, gsl_Point& p1, gsl_Point& p2, gsl_Point& p3) const;
     /// Without a normal a triangle is degenerate: the search passes over it.
     bool HasNormal(int triangle) const { return hasNormal_[static_cast<std::size_t>(triangle)]; }
     int Degenerate() const { return degenerate_; }

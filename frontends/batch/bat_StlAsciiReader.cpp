@@ -116,12 +116,11 @@ void bat_StlAsciiReader::ReadFacet()
         {
             cursor_.Refuse("a facet has three corners, here is a fourth");
         }
-        static constexpr const char* NAMES[] = {"x coordinate", "y coordinate", "z coordinate"};
-        for (int axis = 0; axis < 3; ++axis)
+        double* coordinate = corners + 3 * count++;
+        for (const char* name : bat_TextCursor::COORDINATES)
         {
-            corners[3 * count + axis] = cursor_.Finite(cursor_.Next(), NAMES[axis]);
+            *coordinate++ = cursor_.Finite(cursor_.Next(), name);
         }
-        ++count;
     }
     if (!IsKeyword(word, "endloop"))
     {

@@ -40,11 +40,8 @@ std::uint64_t LengthFor(std::uint32_t facets)
     {
         ++k;
     }
-    const std::string axis(1, "xyz"[k % 3]);
-    const std::string kind = std::isnan(numbers[k]) ? "not a number (NaN)" : "infinite";
     throw bat_MeshError::AtByte(file, PREFIX + FACET * facet + sizeof(float) * k,
-                                "the " + axis + " coordinate of a corner of facet " + std::to_string(facet) +
-                                    " is " + kind);
+                                bat_MeshError::NotFinite(k % 3, double(numbers[k]), "facet", facet));
 }
 }
 

@@ -15,6 +15,8 @@
 class bat_TextCursor
 {
 public:
+    static constexpr const char* COORDINATES[] = {"x coordinate", "y coordinate", "z coordinate"};
+
     enum class Comments { NONE, HASH };          ///< HASH: a word that begins with # ends its line
     enum class Continuation { NONE, BACKSLASH }; ///< BACKSLASH: one before the line's end joins the next line
 
@@ -39,7 +41,7 @@ public:
     /// for a double is infinite, what is too small is zero.
     static std::optional<double> Number(std::string_view word);
     static std::optional<std::int64_t> Integer(std::string_view word);
-    /// The finite number that the word is; raises bat_MeshError otherwise. name: "x coordinate".
+    /// The finite number that the word is; raises bat_MeshError otherwise. name: one of COORDINATES.
     double Finite(std::string_view word, const char* name) const;
     /// Raises bat_MeshError with the line of the word read last.
     [[noreturn]] void Refuse(const std::string& reason) const;

@@ -2,8 +2,6 @@
 #include <bat_Console.h>
 #include <bat_ConsoleReporter.h>
 #include <bat_ContactTravel.h>
-#include <bat_Interrupt.h>
-#include <bat_MeshReader.h>
 #include <bat_Number.h>
 #include <bat_Part.h>
 #include <bat_Phase.h>
@@ -25,25 +23,11 @@ namespace
 // The share of the progress that brute force takes, beside those of reading and of the search.
 constexpr float CHECK_SHARE = 100.0f;
 
-bat_Part Read(const std::string& file, bat_Watcher& watcher, float share)
-{
-    const bat_Phase phase(watcher, share, "reading " + file);
-    bat_TriangleMesh mesh;
-    {
-        const bat_Interrupt::AtOnce nothingToTidy;
-        mesh = bat_ReadMesh(file);
-    }
-    for (const std::string& sentence : mesh.Notes())
-        watcher.Note(file + ": " + sentence);
-    return bat_Part(file, std::move(mesh), watcher);
-}
-
 [[noreturn]] void RefuseCheck(const std::string& work, unsigned long long limit)
 {
     throw bat_UsageError("--check: brute force would have to " + work + ", more than the " +
                          bat_CountText(limit) + " that take a bearable time: check coarser meshes");
 }
-
 }
 
 const char* bat_TravelCommand::Summary() const
@@ -100,8 +84,8 @@ bat_TravelResult bat_TravelCommand::Compute()
     bat_WipWatcher watcher;
     wip_ProgressObj job("contact travel");
 
-    bat_Part fixed = Read(options_.FixedFile(), watcher, readShare);
-    bat_Part movable = Read(options_.MovableFile(), watcher, readShare);
+    bat_Part fixed = bat_Part::Read(options_.FixedFile(), watcher, readShare);
+    bat_Part movable = bat_Part::Read(options_.MovableFile(), watcher, readShare);
 
     std::optional<bat_BruteForce> bruteForce;
     if (options_.Check())

@@ -3,6 +3,7 @@
 #include <scr_ArrayReader.h>
 #include <scr_Exceptions.h>
 #include <scr_Instance.h>
+#include <scr_Own.h>
 #include <string>
 #include <vector>
 
@@ -93,6 +94,11 @@ py::buffer_info BufferOf(const omu_PrimArray& array)
     }
 }
 
+[[noreturn]] void RefuseFloats()
+{
+    scr_Exceptions::Throw("TypeError", "an Array of format 'i' takes no float");
+}
+
 // Nested lists and tuples on their way into an array: the shape is that of the first of each level, and every
 // other must have it too.
 class NestedReader
@@ -111,7 +117,7 @@ public:
         if (wanted == ElementTypeEnm::FLOAT)
             return omu_PrimArray(shape_, As<float>());
         if (!allInts)
-            scr_Exceptions::Throw("TypeError", "an Array of format 'i' takes no float");
+            RefuseFloats();
         return omu_PrimArray(shape_, As<int>());
     }
 
@@ -122,9 +128,7 @@ private:
             return Add(values, level);
         if (level == omu_PrimArray::MAX_RANK)
             scr_Exceptions::Throw("ValueError", "an Array has at most 16 dimensions");
-        const auto items = py::reinterpret_steal<py::object>(PySequence_Tuple(values.ptr()));
-        if (!items)
-            throw py::error_already_set();
+        const auto items = scr_Own(PySequence_Tuple(values.ptr()));
         const auto length = static_cast<int>(std::min<std::size_t>(py::len(items), INT_MAX));
         if (level == shape_.Length() && elements_.empty() && !closed_)
             shape_.Append(length);
@@ -179,7 +183,7 @@ omu_PrimArray Converted(const omu_PrimArray& array, ElementTypeEnm wanted)
     if (array.ElementType() == wanted)
         return array;
     if (wanted == ElementTypeEnm::INT)
-        scr_Exceptions::Throw("TypeError", "an Array of format 'i' takes no float");
+        RefuseFloats();
     const auto elements = [&array]<class T>(T) {
         cow_List<T> list;
         list.Reserve(array.Size());
@@ -276,10 +280,7 @@ void scr_RegisterArray(py::module_& module)
         .def("tolist", &ToList)
         .def("__len__", &omu_PrimArray::Length)
         .def("__getitem__", &ItemOf)
-        .def("__iter__",
-             [](const py::object& self) {
-                 return py::reinterpret_steal<py::object>(PySeqIter_New(self.ptr()));
-             })
+        .def("__iter__", [](const py::object& self) { return scr_Own(PySeqIter_New(self.ptr())); })
         .def(
             "__eq__", [](const omu_PrimArray& a, const omu_PrimArray& b) { return a == b; },
             py::is_operator())

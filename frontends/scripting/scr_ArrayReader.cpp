@@ -4,63 +4,17 @@
 #include <cstring>
 #include <optional>
 #include <scr_ArrayReader.h>
+#include <scr_BufferView.h>
 #include <scr_Exceptions.h>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace py = pybind11;
 
 namespace
 {
-enum class Kind { SIGNED, UNSIGNED, FLOATING };
-
-struct Format
-{
-    Kind kind;
-    std::size_t size; // of one element, in bytes
-    bool swapped;     // against the byte order of this machine
-};
-
-// The buffer while it is looked at.
-struct View
-{
-    explicit View(PyObject* object) : isOpen(PyObject_GetBuffer(object, &buffer, PyBUF_FULL_RO) == 0) {}
-    ~View()
-    {
-        if (isOpen)
-            PyBuffer_Release(&buffer);
-    }
-    View(const View&) = delete;
-    View& operator=(const View&) = delete;
-
-    Py_buffer buffer{};
-    bool isOpen;
-};
-
-// Nothing for a format that is not one number of 1 to 8 bytes.
-std::optional<Format> FormatOf(const Py_buffer& buffer)
-{
-    std::string_view text = buffer.format == nullptr ? "B" : buffer.format;
-    char order = '@';
-    if (!text.empty() && std::string_view("@=<>!").find(text.front()) != std::string_view::npos)
-    {
-        order = text.front();
-        text.remove_prefix(1);
-    }
-    if (text.size() != 1)
-        return {};
-    const auto has = [&text](std::string_view letters) { return letters.find(text.front()) != letters.npos; };
-    const auto size = static_cast<std::size_t>(buffer.itemsize);
-    const bool swapped = (order == '>' || order == '!') && size > 1;
-    if (has("bhilqn") && (size == 1 || size == 2 || size == 4 || size == 8))
-        return Format{Kind::SIGNED, size, swapped};
-    if (has("BHILQN") && (size == 1 || size == 2 || size == 4 || size == 8))
-        return Format{Kind::UNSIGNED, size, swapped};
-    if (has("efd") && (size == 2 || size == 4 || size == 8))
-        return Format{Kind::FLOATING, size, swapped};
-    return {};
-}
+using Item = scr_BufferView::Item;
+using Kind = scr_BufferView::Kind;
 
 template <class T>
 T Fetch(const char* bytes)
@@ -78,10 +32,10 @@ int Narrow(long long value)
     return static_cast<int>(value);
 }
 
-int IntegerAt(const char* bytes, const Format& format)
+int IntegerAt(const char* bytes, const Item& item)
 {
-    const bool isSigned = format.kind == Kind::SIGNED;
-    switch (format.size)
+    const bool isSigned = item.kind == Kind::SIGNED;
+    switch (item.bytes)
     {
     case 1:
         return isSigned ? Fetch<std::int8_t>(bytes) : Fetch<std::uint8_t>(bytes);
@@ -107,27 +61,27 @@ cow_List<T> Elements(const char* bytes, int count, std::size_t size, F at)
 }
 
 // The elements row by row, in the byte order of this machine.
-std::vector<char> Bytes(const Py_buffer& buffer, const Format& format)
+std::vector<char> Bytes(const Py_buffer& buffer, const Item& item)
 {
     std::vector<char> bytes(static_cast<std::size_t>(buffer.len));
     if (PyBuffer_ToContiguous(bytes.data(), const_cast<Py_buffer*>(&buffer), buffer.len, 'C') != 0)
         throw py::error_already_set();
-    if (format.swapped)
-        for (std::size_t at = 0; at + format.size <= bytes.size(); at += format.size)
-            std::reverse(bytes.data() + at, bytes.data() + at + format.size);
+    if (item.foreignOrder)
+        for (std::size_t at = 0; at + item.bytes <= bytes.size(); at += item.bytes)
+            std::reverse(bytes.data() + at, bytes.data() + at + item.bytes);
     return bytes;
 }
 
 std::unique_ptr<omu_PrimArray> ArrayOf(const cow_List<int>& shape, const char* bytes, int count,
-                                       const Format& format)
+                                       const Item& item)
 {
-    if (format.kind != Kind::FLOATING)
+    if (item.kind != Kind::FLOATING)
         return std::make_unique<omu_PrimArray>(
-            shape, Elements<int>(bytes, count, format.size,
-                                 [&format](const char* at) { return IntegerAt(at, format); }));
-    if (format.size == 8)
+            shape,
+            Elements<int>(bytes, count, item.bytes, [&item](const char* at) { return IntegerAt(at, item); }));
+    if (item.bytes == 8)
         return std::make_unique<omu_PrimArray>(shape, Elements<double>(bytes, count, 8, &Fetch<double>));
-    if (format.size == 4)
+    if (item.bytes == 4)
         return std::make_unique<omu_PrimArray>(shape, Elements<float>(bytes, count, 4, &Fetch<float>));
     return std::make_unique<omu_PrimArray>(shape, Elements<float>(bytes, count, 2, [](const char* at) {
                                                return static_cast<float>(
@@ -140,27 +94,27 @@ std::unique_ptr<omu_Primitive> scr_ArrayReader::Read(PyObject* object)
 {
     if (!PyObject_CheckBuffer(object) || PyBytes_Check(object) || PyByteArray_Check(object))
         return nullptr;
-    const View view(object);
-    if (!view.isOpen)
+    const scr_BufferView view(object, PyBUF_FULL_RO);
+    if (!view.IsOpen())
     {
         // A released memoryview, an array in a form that cannot be exported: as good as no buffer.
         PyErr_Clear();
         return nullptr;
     }
-    const std::optional<Format> format = FormatOf(view.buffer);
-    if (!format)
+    const std::optional<Item> item = view.ItemFormat();
+    if (!item || (item->kind == Kind::FLOATING && item->bytes != 2 && item->bytes != 4 && item->bytes != 8))
         return nullptr;
-    const Py_ssize_t count = view.buffer.len / view.buffer.itemsize;
+    const Py_ssize_t count = view->len / view->itemsize;
     if (count > INT_MAX)
         scr_Exceptions::Throw("OverflowError", "array is too long; maximum length is 2147483647");
-    const std::vector<char> bytes = Bytes(view.buffer, *format);
+    const std::vector<char> bytes = Bytes(*view, *item);
     cow_List<int> shape;
-    for (int i = 0; i < view.buffer.ndim && count > 0; ++i)
-        shape.Append(static_cast<int>(view.buffer.shape[i]));
+    for (int i = 0; i < view->ndim && count > 0; ++i)
+        shape.Append(static_cast<int>(view->shape[i]));
     if (shape.IsEmpty())
         shape.Append(static_cast<int>(count));
-    auto array = ArrayOf(shape, bytes.data(), static_cast<int>(count), *format);
-    if (view.buffer.ndim == 0)
+    auto array = ArrayOf(shape, bytes.data(), static_cast<int>(count), *item);
+    if (view->ndim == 0)
         return std::make_unique<omu_PrimNumber>(array->Element(0));
     return array;
 }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <pybind11/pybind11.h>
+#include <scr_BufferView.h>
 #include <string>
 
 /// A table of numbers, three a row, that a Python object lends through the buffer protocol. The object cannot
@@ -11,30 +12,24 @@
 class scr_Buffer
 {
 public:
-    enum class Kind { FLOATING, INTEGER, UNSIGNED };
-
     /// Borrows. Raises TypeError or ValueError, "WHAT: found FOUND, expected EXPECTED", unless the object
-    /// lends numbers in the machine's byte order, of rank 2 with three columns. kinds: "floating" is 8 bytes
-    /// wide.
+    /// lends numbers in the machine's byte order, of rank 2 with three columns: doubles when floating,
+    /// otherwise integers.
     scr_Buffer(pybind11::handle object, const std::string& what, bool floating);
-    ~scr_Buffer() { PyBuffer_Release(&view_); }
-    scr_Buffer(const scr_Buffer&) = delete;
-    scr_Buffer& operator=(const scr_Buffer&) = delete;
 
-    Kind ItemKind() const { return kind_; }
+    /// Of integers.
+    bool IsSigned() const { return isSigned_; }
     /// 1, 2, 4 or 8.
-    std::size_t ItemBytes() const { return static_cast<std::size_t>(view_.itemsize); }
-    std::size_t Rows() const { return static_cast<std::size_t>(view_.shape[0]); }
+    std::size_t ItemBytes() const { return static_cast<std::size_t>(view_->itemsize); }
+    std::size_t Rows() const { return static_cast<std::size_t>(view_->shape[0]); }
     /// The first item; the others are found by the strides, which may be negative.
-    const std::byte* First() const { return static_cast<const std::byte*>(view_.buf); }
+    const std::byte* First() const { return static_cast<const std::byte*>(view_->buf); }
     std::ptrdiff_t RowStride() const { return rowStride_; }
     std::ptrdiff_t ColumnStride() const { return columnStride_; }
 
 private:
-    void Look(const std::string& what, bool floating);
-
-    Py_buffer view_ = {};
-    Kind kind_ = Kind::FLOATING;
+    scr_BufferView view_;
+    bool isSigned_ = false;
     std::ptrdiff_t rowStride_ = 0;
     std::ptrdiff_t columnStride_ = 0;
 };

@@ -6,6 +6,7 @@
 #include <scr_Call.h>
 #include <scr_Exceptions.h>
 #include <scr_Keywords.h>
+#include <scr_Own.h>
 #include <scr_Running.h>
 #include <scr_Text.h>
 #include <scr_ValueReader.h>
@@ -132,22 +133,17 @@ PyTypeObject* NewType(const char* qualifiedName, const char* doc)
     PyType_Spec spec = {qualifiedName, sizeof(Call), 0,
                         Py_TPFLAGS_DEFAULT | Py_TPFLAGS_HAVE_VECTORCALL | Py_TPFLAGS_DISALLOW_INSTANTIATION,
                         slots};
-    PyObject* const type = PyType_FromSpec(&spec);
-    if (type == nullptr)
-        throw py::error_already_set();
-    return reinterpret_cast<PyTypeObject*>(type);
+    return reinterpret_cast<PyTypeObject*>(scr_Own(PyType_FromSpec(&spec)).release().ptr());
 }
 
 py::object New(PyTypeObject* type, const cow_String& name, const std::shared_ptr<omu_InterfaceObj>& object)
 {
-    PyObject* const made = type->tp_alloc(type, 0);
-    if (made == nullptr)
-        throw py::error_already_set();
-    Call& call = AsCall(made);
+    py::object made = scr_Own(type->tp_alloc(type, 0));
+    Call& call = AsCall(made.ptr());
     call.vectorcall = &Invoke;
     new (&call.name) cow_String(name);
     new (&call.object) std::shared_ptr<omu_InterfaceObj>(object);
-    return py::reinterpret_steal<py::object>(made);
+    return made;
 }
 }
 

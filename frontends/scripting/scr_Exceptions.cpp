@@ -1,5 +1,4 @@
 #include <bio_DataException.h>
-#include <cxxabi.h>
 #include <new>
 #include <nex_CommandException.h>
 #include <nex_RangeException.h>
@@ -34,9 +33,8 @@ py::object ClassOf(const char* name)
     return all.contains(name) ? all[name] : all[BASE_CLASS];
 }
 
-void Set(const KTLBasException& failure)
+void Set(const py::object& made)
 {
-    const py::object made = scr_Exceptions::Make(failure);
     PyErr_SetObject(reinterpret_cast<PyObject*>(Py_TYPE(made.ptr())), made.ptr());
 }
 
@@ -49,7 +47,7 @@ void Translate(std::exception_ptr thrown)
     }
     catch (const KTLBasException& failure)
     {
-        Set(failure);
+        Set(scr_Exceptions::Make(failure));
     }
 }
 }
@@ -72,7 +70,7 @@ void scr_Exceptions::SetError() noexcept
         }
         catch (const KTLBasException& failure)
         {
-            Set(failure);
+            Set(scr_Exceptions::Make(failure));
         }
     }
     catch (py::error_already_set& raised)
@@ -99,13 +97,12 @@ void scr_Exceptions::SetError() noexcept
 
 void scr_Exceptions::Throw(const char* className, const std::string& message)
 {
-    const py::object made = ClassOf(className)(message);
-    PyErr_SetObject(reinterpret_cast<PyObject*>(Py_TYPE(made.ptr())), made.ptr());
+    Set(ClassOf(className)(message));
     throw py::error_already_set();
 }
 
 void scr_RegisterExceptions(py::module_&)
 {
-    classes = py::dict(py::module_::import("orvex._errors").attr("CLASSES")).release().ptr();
+    classes = py::dict(py::module_::import("orvex._errors").attr("_CLASSES")).release().ptr();
     py::register_exception_translator(&Translate);
 }

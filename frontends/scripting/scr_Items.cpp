@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <climits>
 #include <memory>
 #include <omu_DictIntObj.h>
@@ -6,11 +7,10 @@
 #include <scr_Exceptions.h>
 #include <scr_Items.h>
 #include <scr_Object.h>
+#include <scr_Own.h>
 #include <scr_Running.h>
 #include <scr_Values.h>
 #include <string>
-#include <type_traits>
-#include <utility>
 
 namespace py = pybind11;
 
@@ -39,9 +39,7 @@ int IndexOf(const py::handle& index)
     if (!PyIndex_Check(index.ptr()))
         scr_Exceptions::Throw("TypeError", std::string("indices of a sequence are integers or slices, not ") +
                                                Py_TYPE(index.ptr())->tp_name);
-    const auto number = py::reinterpret_steal<py::object>(PyNumber_Index(index.ptr()));
-    if (!number)
-        throw py::error_already_set();
+    const auto number = scr_Own(PyNumber_Index(index.ptr()));
     int overflow = 0;
     const long value = PyLong_AsLongAndOverflow(number.ptr(), &overflow);
     if (overflow > 0 || value > INT_MAX)
@@ -92,8 +90,8 @@ py::object scr_Items::Iterate(const scr_Object& self)
         self, "is not iterable",
         [](const omu_SeqIntObj& sequence) -> py::object {
             // By position, so that a sequence may shrink under the loop.
-            const auto elements = py::cast(scr_Object(std::shared_ptr<omu_InterfaceObj>(sequence.Copy())));
-            return py::reinterpret_steal<py::object>(PySeqIter_New(elements.ptr()));
+            const auto elements = scr_Object::Make(std::shared_ptr<omu_InterfaceObj>(sequence.Copy()));
+            return scr_Own(PySeqIter_New(elements.ptr()));
         },
         [](const omu_DictIntObj& dictionary) -> py::object { return py::iter(Owned(dictionary.KeyList())); });
 }

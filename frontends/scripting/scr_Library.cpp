@@ -23,18 +23,6 @@ public:
 std::unique_ptr<scr_ConstantTable> constants;
 int partsRunning = 0;
 
-// The names that every script has; an application adds those of its own enumerations.
-template <class... Booleans>
-void AddNames(omu_SymbolicConstantTable& table)
-{
-    const auto add = [&table](const omu_EnumEntry* entry) {
-        for (; entry->name != nullptr; ++entry)
-            if (!table.IsMember(entry->name))
-                table.AddString(entry->name);
-    };
-    (add(Booleans::table), ...);
-}
-
 void Stop()
 {
     scr_Running::CancelAll();
@@ -54,7 +42,10 @@ void scr_Library::Start()
     // Before the start, which would make a table that knows no Python.
     constants = std::make_unique<scr_ConstantTable>();
     KTLOxuGeom_initialize(partsRunning);
-    AddNames<omu_OnOffConst, omu_TrueFalseConst, omu_YesNoConst>(*constants);
+    // The names that every script has; an application adds those of its own enumerations.
+    for (const omu_EnumEntry* names :
+         {omu_OnOffConst::table, omu_TrueFalseConst::table, omu_YesNoConst::table})
+        constants->AddNames(names);
     omu_CommandTable& table = omu_CommandTable::Instance();
     for (const char* name : {"mdb", "session"})
         if (table.Root(name) == nullptr)

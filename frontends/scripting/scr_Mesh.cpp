@@ -1,6 +1,5 @@
 #include <atomic>
 #include <bat_MeshError.h>
-#include <bat_MeshReader.h>
 #include <bat_Phase.h>
 #include <bat_Task.h>
 #include <cstring>
@@ -52,13 +51,13 @@ scr_Mesh::scr_Mesh(py::handle object, const std::string& role) : name_(role)
 bat_Part scr_Mesh::Build(bat_Watcher& watcher, float share)
 {
     if (!vertices_)
-        return BuildFromFile(watcher, share);
+        return bat_Part::Read(name_, watcher, share);
     const bat_Phase phase(watcher, share, "checking the " + name_ + " part");
     if (vertices_->Rows() > MOST_VERTICES)
         throw bat_MeshError(name_, "more than " + std::to_string(MOST_VERTICES) + " vertices");
     if (triangles_->Rows() == 0)
         throw bat_MeshError(name_, "there is no triangle");
-    const bool isSigned = triangles_->ItemKind() == scr_Buffer::Kind::INTEGER;
+    const bool isSigned = triangles_->IsSigned();
     switch (triangles_->ItemBytes())
     {
     case 1:
@@ -77,15 +76,6 @@ bat_Part scr_Mesh::Build(bat_Watcher& watcher, float share)
         name_,
         bat_TriangleView({vertices_->First(), vertices_->RowStride(), vertices_->ColumnStride()}, indices_),
         watcher);
-}
-
-bat_Part scr_Mesh::BuildFromFile(bat_Watcher& watcher, float share) const
-{
-    const bat_Phase phase(watcher, share, "reading " + name_);
-    bat_TriangleMesh mesh = bat_ReadMesh(name_, watcher);
-    for (const std::string& sentence : mesh.Notes())
-        watcher.Note(name_ + ": " + sentence);
-    return bat_Part(name_, std::move(mesh), watcher);
 }
 
 template <typename Integer>

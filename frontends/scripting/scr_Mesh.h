@@ -24,7 +24,6 @@ public:
     bat_Part Build(bat_Watcher& watcher, float share);
 
 private:
-    bat_Part BuildFromFile(bat_Watcher& watcher, float share) const;
     template <typename Integer>
     void CopyTriangles(bat_Watcher& watcher);
 

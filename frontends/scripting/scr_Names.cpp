@@ -31,12 +31,8 @@ py::list AllNames()
 {
     const scr_Running running;
     py::list names;
-    const auto append = [&names](const cow_List<cow_String>& more) {
-        for (const cow_String& name : more)
-            names.append(scr_Text::ToPython(name));
-    };
-    append(omu_CommandTable::Instance().RootNames());
-    append(omu_CommandTable::Instance().CommandNames());
+    scr_Text::Append(names, omu_CommandTable::Instance().RootNames());
+    scr_Text::Append(names, omu_CommandTable::Instance().CommandNames());
     const omu_SymbolicConstantTable& constants = omu_SymbolicConstantTable::Instance();
     for (unsigned id = 0; id < constants.Size(); ++id)
         if (const cow_String& name = constants.GetString(id);

@@ -2,7 +2,6 @@
 #include <omu_Arguments.h>
 #include <omu_CommandTable.h>
 #include <scr_Call.h>
-#include <scr_Exceptions.h>
 #include <scr_Instance.h>
 #include <scr_Items.h>
 #include <scr_Object.h>
@@ -85,15 +84,11 @@ void DeleteAttribute(const scr_Object& self, const py::str& text)
 py::object Names(const py::object& self)
 {
     py::list names(py::module_::import("builtins").attr("object").attr("__dir__")(self));
-    const auto append = [&names](const cow_List<cow_String>& more) {
-        for (const cow_String& name : more)
-            names.append(scr_Text::ToPython(name));
-    };
     const omu_InterfaceObj& object = scr_Object::Find(self.ptr())->Get();
     if (!object.IsStale())
     {
-        append(object.MemberList());
-        append(object.MethodList());
+        scr_Text::Append(names, object.MemberList());
+        scr_Text::Append(names, object.MethodList());
     }
     return names;
 }
@@ -105,6 +100,11 @@ py::ssize_t Hash(const scr_Object& self)
         shortcut.HasValue() ? shortcut.Path().Hash() : std::hash<const void*>()(&self.Get());
     // -1 is how a hash function says that it failed.
     return hash == static_cast<std::size_t>(-1) ? -2 : static_cast<py::ssize_t>(hash);
+}
+
+scr_Object Copy(const scr_Object& self)
+{
+    return scr_Object(std::shared_ptr<omu_InterfaceObj>(self.Get().Copy()), self.IsRoot());
 }
 
 using Operation = omu_Primitive* (omu_InterfaceObj::*)(omu_InterfaceObj*) const;
@@ -171,14 +171,8 @@ void scr_RegisterObject(py::module_& module)
         .def("__getitem__", &scr_Items::Get)
         .def("__setitem__", &scr_Items::Set)
         .def("__delitem__", &scr_Items::Delete)
-        .def("__copy__",
-             [](const scr_Object& self) {
-                 return scr_Object(std::shared_ptr<omu_InterfaceObj>(self.Get().Copy()), self.IsRoot());
-             })
-        .def("__deepcopy__",
-             [](const scr_Object& self, const py::object&) {
-                 return scr_Object(std::shared_ptr<omu_InterfaceObj>(self.Get().Copy()), self.IsRoot());
-             })
+        .def("__copy__", &Copy)
+        .def("__deepcopy__", [](const scr_Object& self, const py::object&) { return Copy(self); })
         .def("__reduce__", [](const scr_Object&) -> py::object {
             throw py::type_error("a handle on an object of the application cannot be pickled");
         });

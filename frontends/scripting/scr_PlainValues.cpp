@@ -39,8 +39,7 @@ py::object PathArgument(const omu_PrimPath& path)
     if (path.ContextType() == omu_PrimPath::FILE_PATH)
         return scr_Text::ToPython(path.PathText());
     py::list steps;
-    for (const cow_String& step : path.Context())
-        steps.append(scr_Text::ToPython(step));
+    scr_Text::Append(steps, path.Context());
     return steps;
 }
 

@@ -3,6 +3,7 @@
 #include <bat_Interrupted.h>
 #include <pthread.h>
 #include <scr_ProgressReporter.h>
+#include <scr_Text.h>
 #include <scr_TravelWatcher.h>
 #include <utility>
 #include <wip_Progress.h>
@@ -85,11 +86,7 @@ void scr_ProgressReporter::Tell(const std::string& message, int percent)
     const py::gil_scoped_acquire lock;
     try
     {
-        const auto text = py::reinterpret_steal<py::object>(
-            PyUnicode_DecodeFSDefaultAndSize(message.data(), static_cast<Py_ssize_t>(message.size())));
-        if (!text)
-            throw py::error_already_set();
-        callable_(percent / 100.0, text);
+        callable_(percent / 100.0, scr_Text::FromFileSystem(message));
     }
     catch (py::error_already_set& error)
     {

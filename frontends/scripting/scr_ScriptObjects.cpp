@@ -1,10 +1,11 @@
+#include <algorithm>
 #include <climits>
 #include <mutex>
 #include <omu_PyObjectOps.h>
+#include <scr_Own.h>
 #include <scr_ScriptObjects.h>
 #include <scr_Text.h>
 #include <scr_Values.h>
-#include <utility>
 #include <vector>
 
 namespace py = pybind11;
@@ -94,10 +95,7 @@ public:
     cow_String Repr(const void* object) const override
     {
         const py::gil_scoped_acquire locked;
-        const auto text = py::reinterpret_steal<py::object>(PyObject_Repr(AsPython(object)));
-        if (!text)
-            throw py::error_already_set();
-        return scr_Text::FromPython(text.ptr());
+        return scr_Text::FromPython(scr_Own(PyObject_Repr(AsPython(object))).ptr());
     }
     bool Equal(const void* a, const void* b) const override
     {

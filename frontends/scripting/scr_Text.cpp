@@ -1,5 +1,6 @@
 #include <climits>
 #include <scr_Exceptions.h>
+#include <scr_Own.h>
 #include <scr_Text.h>
 
 namespace py = pybind11;
@@ -18,10 +19,19 @@ cow_String Checked(const char* bytes, Py_ssize_t length)
 
 py::str scr_Text::ToPython(const cow_String& text)
 {
-    PyObject* const made = PyUnicode_DecodeUTF8(text.AsCharPtr(), text.Length(), ERRORS);
-    if (made == nullptr)
-        throw py::error_already_set();
-    return py::reinterpret_steal<py::str>(made);
+    return scr_Own<py::str>(PyUnicode_DecodeUTF8(text.AsCharPtr(), text.Length(), ERRORS));
+}
+
+void scr_Text::Append(py::list& list, const cow_List<cow_String>& texts)
+{
+    for (const cow_String& text : texts)
+        list.append(ToPython(text));
+}
+
+py::str scr_Text::FromFileSystem(const std::string& bytes)
+{
+    return scr_Own<py::str>(
+        PyUnicode_DecodeFSDefaultAndSize(bytes.data(), static_cast<Py_ssize_t>(bytes.size())));
 }
 
 cow_String scr_Text::FromPython(PyObject* text)
@@ -30,8 +40,6 @@ cow_String scr_Text::FromPython(PyObject* text)
     if (const char* bytes = PyUnicode_AsUTF8AndSize(text, &length))
         return Checked(bytes, length);
     PyErr_Clear();
-    const auto encoded = py::reinterpret_steal<py::object>(PyUnicode_AsEncodedString(text, "utf-8", ERRORS));
-    if (!encoded)
-        throw py::error_already_set();
+    const auto encoded = scr_Own(PyUnicode_AsEncodedString(text, "utf-8", ERRORS));
     return Checked(PyBytes_AS_STRING(encoded.ptr()), PyBytes_GET_SIZE(encoded.ptr()));
 }

@@ -8,8 +8,10 @@
 #include <optional>
 #include <pybind11/stl.h>
 #include <scr_Mesh.h>
+#include <scr_Own.h>
 #include <scr_ProgressReporter.h>
 #include <scr_Running.h>
+#include <scr_Text.h>
 #include <scr_Travel.h>
 #include <scr_TravelRefusal.h>
 #include <scr_TravelWatcher.h>
@@ -20,13 +22,6 @@ namespace py = pybind11;
 
 namespace
 {
-/// Text that may hold the name of a file.
-py::object Text(const std::string& bytes)
-{
-    return py::reinterpret_steal<py::object>(
-        PyUnicode_DecodeFSDefaultAndSize(bytes.data(), static_cast<Py_ssize_t>(bytes.size())));
-}
-
 [[noreturn]] void Raise(py::handle type, const py::object& value)
 {
     PyErr_SetObject(type.ptr(), value.ptr());
@@ -36,11 +31,13 @@ py::object Text(const std::string& bytes)
 [[noreturn]] void Raise(const bat_MeshError& error)
 {
     if (error.SystemNumber() == ENOMEM)
-        Raise(PyExc_MemoryError, Text(error.what()));
+        Raise(PyExc_MemoryError, scr_Text::FromFileSystem(error.what()));
     if (const auto number = error.SystemNumber())
-        Raise(PyExc_OSError, py::make_tuple(*number, std::strerror(*number), Text(error.File())));
+        Raise(PyExc_OSError,
+              py::make_tuple(*number, std::strerror(*number), scr_Text::FromFileSystem(error.File())));
     const py::object type = py::module_::import("orvex._travel").attr("MeshError");
-    Raise(type, type(Text(error.File()), Text(error.Reason()), error.Line(), error.Byte()));
+    Raise(type, type(scr_Text::FromFileSystem(error.File()), scr_Text::FromFileSystem(error.Reason()),
+                     error.Line(), error.Byte()));
 }
 
 double Number(py::handle object, const scr_TravelRefusal& refusal, const std::string& where)
@@ -113,9 +110,7 @@ int DepthOf(const py::object& given)
     const scr_TravelRefusal refusal("depth", "a whole number from 1 to " + std::to_string(MOST));
     if (!PyIndex_Check(given.ptr()))
         refusal.Type(given);
-    const auto number = py::reinterpret_steal<py::object>(PyNumber_Index(given.ptr()));
-    if (!number)
-        throw py::error_already_set();
+    const auto number = scr_Own(PyNumber_Index(given.ptr()));
     int overflow = 0;
     const long depth = PyLong_AsLongAndOverflow(number.ptr(), &overflow);
     if (overflow != 0 || depth < 1 || depth > MOST)
@@ -201,7 +196,7 @@ py::tuple Fields(const bat_TravelResult& result, const std::vector<std::string>&
         bound = py::float_(result.bound);
     py::tuple sentences(notes.size());
     for (std::size_t i = 0; i < notes.size(); ++i)
-        sentences[i] = Text(notes[i]);
+        sentences[i] = scr_Text::FromFileSystem(notes[i]);
     return py::make_tuple(result.StateName(), travel, pair, points, bound, result.tolerance,
                           py::make_tuple(u.X(), u.Y(), u.Z()),
                           py::make_tuple(result.degenerate, result.outside), sentences);

@@ -1,4 +1,5 @@
 #include <scr_Exceptions.h>
+#include <scr_Own.h>
 #include <scr_TravelRefusal.h>
 
 namespace py = pybind11;
@@ -26,20 +27,13 @@ std::string scr_TravelRefusal::TypeName(py::handle object)
 std::string scr_TravelRefusal::Shown(py::handle object)
 {
     constexpr std::size_t LONGEST = 60;
-    const auto text = py::reinterpret_steal<py::object>(PyObject_ASCII(object.ptr()));
-    if (!text)
-        throw py::error_already_set();
-    const auto shown = text.cast<std::string>();
+    const auto shown = scr_Own(PyObject_ASCII(object.ptr())).cast<std::string>();
     return shown.size() <= LONGEST ? shown : shown.substr(0, LONGEST) + "...";
 }
 
 std::string scr_TravelRefusal::Text(py::handle text)
 {
-    const auto bytes =
-        py::reinterpret_steal<py::bytes>(PyUnicode_AsEncodedString(text.ptr(), "utf-8", "backslashreplace"));
-    if (!bytes)
-        throw py::error_already_set();
-    return bytes;
+    return scr_Own<py::bytes>(PyUnicode_AsEncodedString(text.ptr(), "utf-8", "backslashreplace"));
 }
 
 std::string scr_TravelRefusal::Sentence(const std::string& found) const

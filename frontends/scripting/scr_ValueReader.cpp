@@ -15,6 +15,7 @@
 #include <scr_Constants.h>
 #include <scr_Exceptions.h>
 #include <scr_Object.h>
+#include <scr_Own.h>
 #include <scr_PlainValues.h>
 #include <scr_ScriptObjects.h>
 #include <scr_Text.h>
@@ -150,9 +151,7 @@ std::unique_ptr<omu_Primitive> scr_ValueReader::ReadDictionary(PyObject* object)
 {
     Enter();
     // A copy, which nothing that runs in between changes.
-    const auto entries = py::reinterpret_steal<py::object>(PyDict_Copy(object));
-    if (!entries)
-        throw py::error_already_set();
+    const auto entries = scr_Own(PyDict_Copy(object));
     PyObject* key = nullptr;
     PyObject* value = nullptr;
     Py_ssize_t place = 0;

@@ -20,8 +20,6 @@ pybind11::object scr_Values::ToPython(const omu_Primitive* value)
 
 pybind11::object scr_Values::ToPython(std::unique_ptr<omu_Primitive> value)
 {
-    if (value == nullptr)
-        return pybind11::none();
     scr_ValueWriter writer;
     return writer.Write(std::move(value));
 }

@@ -6,15 +6,13 @@
 
 /// Values between Python and the library. What goes there and comes back keeps type and value:
 ///
-///     None, bool, int, float, complex, str     None, Boolean, number, complex, string; ints are INT up to
-///     2147483647
-///                                              and UINT up to 4294967295, beyond OverflowError
-///     tuple, list, dict                        the same, level by level; keys all str or all int, else
-///     TypeError SymbolicConstant, Type, Path, Object     symbolic constant, type, path, interface object
-///     buffers of int or float                  numeric array, which comes back as orvex.Array; without a
-///     dimension a
-///                                              number; elements beyond a 32-bit int raise OverflowError
-///     anything else, bytes too                 the object itself, wrapped
+/// - None, bool, float, complex, str: none, boolean, number, complex, string.
+/// - int: INT up to 2147483647 and UINT up to 4294967295, beyond OverflowError.
+/// - tuple, list, dict: the same, level by level; keys all str or all int, else TypeError.
+/// - SymbolicConstant, Type, Path, Object: symbolic constant, type, path, interface object.
+/// - buffers of int or float: numeric array, which comes back as orvex.Array; without a dimension a number;
+///   elements beyond a 32-bit int raise OverflowError.
+/// - anything else, bytes too: the object itself, wrapped.
 ///
 /// Subclasses of int, float, complex, str, tuple, list and dict are taken as what they derive from.
 class scr_Values

@@ -28,10 +28,8 @@ const DamageRow ROWS[] = {
     {"StlBinary", MeshWriter::StlBinary(TETRAHEDRON), false},
     {"StlAscii", MeshWriter::StlAscii(TETRAHEDRON), false},
     {"Obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 0 0 1\nf 1/ 3/ 2/\nf 1 2 4\nf -4//\\\n -1// -2//\nf 2 3 4\n", true},
-    {"Off", "OFF # tetrahedron\n4 4 6\n0 0 0\n1 0 0\n0 1 0\n0 0 1\n3 0 2 1\n3 0 1 3\n3 0 3 2\n3 1 2 3\n",
-     false},
-    {"OffPolygons",
-     "COFF\n5 2 0\n0 0 0 1 1 1\n4 0 0 1 1 1\n4 4 0 1 1 1\n1 1 0 1 1 1\n0 4 0 1 1 1\n"
+    {"Off",
+     "COFF # two\n5 2 0\n0 0 0 1 1 1\n4 0 0 1 1 1\n4 4 0 1 1 1\n1 1 0 1 1 1\n0 4 0 1 1 1\n"
      "5 0 1 2 3 4\n4 0 1 2 4\n",
      false},
 };
@@ -49,27 +47,24 @@ std::optional<std::vector<double>> Read(const std::string& bytes)
     }
 }
 
-void CutShort(const DamageRow& row)
+void CutShort(const DamageRow& row, const std::vector<double>& whole)
 {
-    const std::optional<std::vector<double>> whole = Read(row.bytes);
-    ASSERT_TRUE(whole);
     std::size_t refused = 0;
     for (std::size_t length = 0; length < row.bytes.size(); ++length)
     {
         // A copy of its own, so that the address sanitizer sees a step past the end.
         const std::optional<std::vector<double>> read = Read(std::string(row.bytes, 0, length));
         refused += !read;
-        EXPECT_TRUE(!read || *read == *whole ||
-                    (row.mayBeShorter && read->size() < whole->size() &&
-                     std::equal(read->begin(), read->end(), whole->begin())))
+        EXPECT_TRUE(!read || *read == whole ||
+                    (row.mayBeShorter && read->size() < whole.size() &&
+                     std::equal(read->begin(), read->end(), whole.begin())))
             << "cut to " << length;
     }
     EXPECT_GT(refused, row.bytes.size() / 2);
 }
 
-void ChangeBytes(const std::string& bytes)
+void ChangeBytes(const std::string& bytes, const std::vector<double>& whole)
 {
-    const std::optional<std::vector<double>> whole = Read(bytes);
     int refused = 0;
     int different = 0;
     for (std::size_t i = 0; i < bytes.size(); ++i)
@@ -79,7 +74,7 @@ void ChangeBytes(const std::string& bytes)
             changed[i] = k < 8 ? static_cast<char>(bytes[i] ^ (1 << k)) : " \n\r\\#-9e/\xff"[k - 8];
             const std::optional<std::vector<double>> read = Read(changed);
             refused += !read;
-            different += read && *read != *whole;
+            different += read && *read != whole;
             EXPECT_TRUE(!read ||
                         (read->size() / 9 <= changed.size() / 2 &&
                          std::all_of(read->begin(), read->end(), [](double x) { return std::isfinite(x); })))
@@ -94,8 +89,10 @@ TEST(MeshDamage, IsRefusedOrHarmless)
     for (const DamageRow& row : ROWS)
     {
         SCOPED_TRACE(row.what);
-        CutShort(row);
-        ChangeBytes(row.bytes);
+        const std::optional<std::vector<double>> whole = Read(row.bytes);
+        ASSERT_TRUE(whole);
+        CutShort(row, *whole);
+        ChangeBytes(row.bytes, *whole);
     }
 }
 }

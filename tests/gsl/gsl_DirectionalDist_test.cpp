@@ -1,230 +1,120 @@
 // The functions for single primitives: travel along a direction to the first contact, and its place.
 #include <testing/DirDistOracle.h>
-#include <testing/GeometryTesting.h>
-#include <testing/SetSearch.h>
+#include <testing/SetDraw.h>
 
 #include <gsl_DirectionalDist.h>
+#include <gsl_Segment.h>
 
 namespace
 {
-using testing_sets::Of;
-using testing_sets::Point;
-using testing_sets::Triangle;
+using namespace testing_sets;
 constexpr double L = 1e-6;
 const gsl_Vector UP(0, 0, 1);
-const gsl_Point UNTOUCHED(71, 72, 73);
+const bool OF_A[2] = {true, false};
+const bool OF_B[2] = {false, true};
 
-bool TriTri(const Triangle& a, const Triangle& b, const bool* flags, double tol, gsl_Point* contact,
-            double& dist, const gsl_Vector& dir = UP)
+/// The travel, with 100 for none; the outputs must be left alone then.
+double TriTri(const Triangle& a, const Triangle& b, const bool* flags = nullptr, double tol = L,
+              const gsl_Vector& dir = UP)
 {
-    return gsl_TriTriMinDirectionalDist(dir, Of(a[0]), Of(a[1]), Of(a[2]), Of(b[0]), Of(b[1]), Of(b[2]),
-                                        flags, tol, contact, dist);
+    double dist = 77;
+    gsl_Point contact = geometry::UNTOUCHED;
+    const bool found = gsl_TriTriMinDirectionalDist(dir, Of(a[0]), Of(a[1]), Of(a[2]), Of(b[0]), Of(b[1]),
+                                                    Of(b[2]), flags, tol, &contact, dist);
+    EXPECT_TRUE(found || (dist == 77 && Same(contact, geometry::UNTOUCHED)));
+    EXPECT_TRUE(!found || Of(b).ContainsProjectedPoint(contact) || tol > L);
+    return found ? dist : 100;
 }
 
 const Triangle FLOOR{{{0, 0, 0}, {4, 0, 0}, {0, 4, 0}}};
 const Triangle LID{{{0, 0, 3}, {4, 0, 3}, {0, 4, 3}}};
 const Triangle SPIKE_UP{{{1, 1, 1}, {1, 1, -2}, {1.5, 1, -2}}};   // under the lid
 const Triangle SPIKE_DOWN{{{1, 1, 2}, {1, 1.1, 5}, {1.5, 1, 5}}}; // over the floor
+// Edges across each other, no corner over the other triangle: both flags, or nothing.
+const Triangle RIDGE{{{-1, 1, 0}, {5, 1, 0}, {2, 1.5, -9}}};
+const Triangle BEAM{{{1, -1, 2}, {1, 5, 2}, {1.5, 2, 9}}};
+const Triangle LINE{{{0, 0, 3}, {1, 1, 3}, {2, 2, 3}}};
 
-TEST(DirectionalDist, TrianglesAndTheirPlace)
+TEST(DirectionalDist, Triangles)
 {
-    gsl_Point contact = UNTOUCHED;
-    double dist = 77;
-    ASSERT_TRUE(TriTri(SPIKE_UP, LID, nullptr, L, &contact, dist));
-    EXPECT_DOUBLE_EQ(dist, 2);
-    EXPECT_TRUE(Near(contact, gsl_Point(1, 1, 3), 1e-15));
-    ASSERT_TRUE(TriTri(FLOOR, SPIKE_DOWN, nullptr, L, &contact, dist, gsl_Vector(0, 0, 1e-3)));
-    EXPECT_DOUBLE_EQ(dist, 2);
-    EXPECT_TRUE(Near(contact, gsl_Point(1, 1, 2), 1e-15));
-    ASSERT_TRUE(TriTri(FLOOR, LID, nullptr, L, nullptr, dist));
-    EXPECT_DOUBLE_EQ(dist, 3);
-}
-
-TEST(DirectionalDist, RefusalsLeaveTheOutputsAlone)
-{
-    gsl_Point contact = UNTOUCHED;
-    double dist = 77;
-    EXPECT_FALSE(TriTri(LID, FLOOR, nullptr, L, &contact, dist));
-    EXPECT_FALSE(TriTri(FLOOR, LID, nullptr, L, &contact, dist, gsl_Vector(0, 0, 0)));
-    const Triangle line{{{0, 0, 3}, {1, 1, 3}, {2, 2, 3}}};
-    EXPECT_FALSE(TriTri(FLOOR, line, nullptr, L, &contact, dist));
-    EXPECT_FALSE(TriTri(line, FLOOR, nullptr, L, &contact, dist, gsl_Vector(0, 0, -1)));
-    EXPECT_EQ(dist, 77);
-    EXPECT_TRUE(Same(contact, UNTOUCHED));
-}
-
-TEST(DirectionalDist, FlagsChooseWhoseCornersAreTested)
-{
-    const bool ofA[2] = {true, false};
-    const bool ofB[2] = {false, true};
     const bool none[2] = {false, false};
-    double dist = 77;
-    EXPECT_TRUE(TriTri(SPIKE_UP, LID, ofA, L, nullptr, dist));
-    EXPECT_DOUBLE_EQ(dist, 2);
-    EXPECT_FALSE(TriTri(SPIKE_UP, LID, ofB, L, nullptr, dist));
-    EXPECT_TRUE(TriTri(FLOOR, SPIKE_DOWN, ofB, L, nullptr, dist));
-    EXPECT_FALSE(TriTri(FLOOR, SPIKE_DOWN, ofA, L, nullptr, dist));
-    EXPECT_FALSE(TriTri(FLOOR, LID, none, L, nullptr, dist));
-    // Edges across each other, no corner over the other triangle: both flags, or nothing.
-    const Triangle ridge{{{-1, 1, 0}, {5, 1, 0}, {2, 1.5, -9}}};
-    const Triangle beam{{{1, -1, 2}, {1, 5, 2}, {1.5, 2, 9}}};
-    EXPECT_TRUE(TriTri(ridge, beam, nullptr, L, nullptr, dist));
-    EXPECT_DOUBLE_EQ(dist, 2);
-    EXPECT_FALSE(TriTri(ridge, beam, ofA, L, nullptr, dist));
-    EXPECT_FALSE(TriTri(ridge, beam, ofB, L, nullptr, dist));
+    const struct
+    {
+        Triangle a, b;
+        double travel;
+        const bool* flags = nullptr; // whose corners are tested
+        double tol = L;
+    } rows[] = {{FLOOR, LID, 3},
+                {LID, FLOOR, 100},
+                {FLOOR, LINE, 100},
+                {LINE, FLOOR, 100},
+                {SPIKE_UP, LID, 2},
+                {SPIKE_UP, LID, 2, OF_A},
+                {SPIKE_UP, LID, 100, OF_B},
+                {FLOOR, SPIKE_DOWN, 2},
+                {FLOOR, SPIKE_DOWN, 2, OF_B},
+                {FLOOR, SPIKE_DOWN, 100, OF_A},
+                {RIDGE, BEAM, 2},
+                {RIDGE, BEAM, 100, OF_A},
+                {RIDGE, BEAM, 100, OF_B},
+                {FLOOR, LID, 100, none},
+                {FLOOR, Moved(LID, {4.4, 0, 0}), 100},
+                {FLOOR, Moved(LID, {4.4, 0, 0}), 3, nullptr, 0.5},
+                {FLOOR, Moved(LID, {0, 0, -3.3}), 100},
+                {FLOOR, Moved(LID, {0, 0, -3.3}), 0, nullptr, 0.5}};
+    for (const auto& [a, b, travel, flags, tol] : rows)
+        EXPECT_DOUBLE_EQ(TriTri(a, b, flags, tol), travel) << "row " << &a - &rows[0].a;
+    EXPECT_DOUBLE_EQ(TriTri(FLOOR, LID, nullptr, L, UP * 1e-3), 3);
+    EXPECT_EQ(TriTri(FLOOR, LID, nullptr, L, UP * 0), 100);
 }
 
-TEST(DirectionalDist, ToleranceIsTheCallers)
-{
-    const Triangle beside{{{4.4, 0, 3}, {9, 0, 3}, {9, 4, 3}}};
-    double dist = 77;
-    EXPECT_FALSE(TriTri(FLOOR, beside, nullptr, L, nullptr, dist));
-    EXPECT_TRUE(TriTri(FLOOR, beside, nullptr, 0.5, nullptr, dist));
-    EXPECT_DOUBLE_EQ(dist, 3);
-    const Triangle past{{{0, 0, -0.3}, {4, 0, -0.3}, {0, 4, -0.3}}};
-    EXPECT_FALSE(TriTri(FLOOR, past, nullptr, L, nullptr, dist));
-    EXPECT_TRUE(TriTri(FLOOR, past, nullptr, 0.5, nullptr, dist));
-    EXPECT_EQ(dist, 0);
-}
-
-struct SegmentRow
-{
-    const char* what;
-    Point a1, a2, b1, b2; // in the plane y = 0, a travels along +z
-    double dist;          // negative: none
-    Point contact;
-};
-
-class SegmentPair : public testing::TestWithParam<SegmentRow>
-{};
-
-TEST_P(SegmentPair, TravelsAsInTheTable)
-{
-    const SegmentRow& row = GetParam();
-    gsl_Point contact = UNTOUCHED;
-    double dist = 77;
-    const bool found = gsl_InPlaneSegSegMinDirectionalDist({0, 0, 9}, Of(row.a1), Of(row.a2), Of(row.b1),
-                                                           Of(row.b2), nullptr, L, &contact, dist);
-    ASSERT_EQ(found, row.dist >= 0) << row.what;
-    EXPECT_NEAR(dist, found ? row.dist : 77, 1e-12) << row.what;
-    EXPECT_TRUE(Near(contact, found ? Of(row.contact) : UNTOUCHED, 1e-12)) << row.what;
-    EXPECT_EQ(gsl_InPlaneSegSegMinDirectionalDist({0, 0, 1}, Of(row.a2), Of(row.a1), Of(row.b2), Of(row.b1),
-                                                  nullptr, L, nullptr, dist),
-              found)
-        << row.what;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, SegmentPair,
-    testing::Values(
-        SegmentRow{"level on level", {0, 0, 0}, {4, 0, 0}, {1, 0, 3}, {3, 0, 3}, 3, {1, 0, 3}},
-        SegmentRow{"end of a on b", {1, 0, 0}, {1, 0, -2}, {0, 0, 2}, {4, 0, 4}, 2.5, {1, 0, 2.5}},
-        SegmentRow{"end of b on a", {0, 0, 0}, {4, 0, 2}, {2, 0, 4}, {2, 0, 9}, 3, {2, 0, 4}},
-        SegmentRow{"upright behind each other", {1, 0, 0}, {1, 0, 1}, {1, 0, 5}, {1, 0, 9}, 4, {1, 0, 5}},
-        SegmentRow{"crossing", {0, 0, 0}, {4, 0, 4}, {0, 0, 4}, {4, 0, 0}, 0, {2, 0, 2}},
-        SegmentRow{"touching", {0, 0, 0}, {4, 0, 0}, {4, 0, 0}, {9, 0, 5}, 0, {4, 0, 0}},
-        SegmentRow{"beside", {0, 0, 0}, {4, 0, 0}, {5, 0, 3}, {9, 0, 3}, -1, {}},
-        SegmentRow{"behind", {0, 0, 3}, {4, 0, 3}, {0, 0, 0}, {4, 0, 0}, -1, {}},
-        SegmentRow{"off the plane", {0, 0, 0}, {4, 0, 0}, {1, 0.1, 3}, {3, 0.1, 3}, -1, {}},
-        SegmentRow{"a point on a segment", {1, 0, 0}, {1, 0, 0}, {0, 0, 2}, {4, 0, 2}, 2, {1, 0, 2}},
-        SegmentRow{"a segment on a point", {0, 0, 0}, {4, 0, 0}, {1, 0, 2}, {1, 0, 2}, 2, {1, 0, 2}}));
-
-TEST(DirectionalDist, SegmentFlagsAndRefusals)
+TEST(DirectionalDist, SegmentsOffThePlane)
 {
     const gsl_Point a[2] = {{0, 0, 0}, {4, 0, 2}};
-    const gsl_Point b[2] = {{2, 0, 4}, {2, 0, 9}};
-    const bool ofA[2] = {true, false};
-    const bool ofB[2] = {false, true};
     double dist = 77;
-    EXPECT_FALSE(gsl_InPlaneSegSegMinDirectionalDist(UP, a[0], a[1], b[0], b[1], ofA, L, nullptr, dist));
-    EXPECT_FALSE(
-        gsl_InPlaneSegSegMinDirectionalDist({0, 0, 0}, a[0], a[1], b[0], b[1], nullptr, L, nullptr, dist));
-    EXPECT_EQ(dist, 77);
-    EXPECT_TRUE(gsl_InPlaneSegSegMinDirectionalDist(UP, a[0], a[1], b[0], b[1], ofB, L, nullptr, dist));
-    EXPECT_DOUBLE_EQ(dist, 3);
-}
-
-const gsl_Point TRI[3] = {{0, 0, 4}, {4, 0, 4}, {2, 0, 8}};
-const gsl_Plane PLANE(gsl_Point(0, 0, 0), gsl_Vector(0, 1, 0));
-
-TEST(DirectionalDist, SegmentAgainstATriangle)
-{
-    gsl_Point contact = UNTOUCHED;
-    double dist = 77;
-    const gsl_Point below[2] = {{1, 0, 0}, {3, 0, 1}};
-    for (const int axis : {-1, 1, 5})
-    {
-        ASSERT_TRUE(gsl_InPlaneLinTriMinDirectionalDist(below, TRI, PLANE, UP, axis, &contact, dist)) << axis;
-        EXPECT_DOUBLE_EQ(dist, 3);
-        EXPECT_TRUE(Near(contact, gsl_Point(3, 0, 4), 1e-15));
-    }
-    const gsl_Point inside[2] = {{2, 0, 5}, {2, 0, 6}};
-    ASSERT_TRUE(gsl_InPlaneLinTriMinDirectionalDist(inside, TRI, PLANE, UP, -1, &contact, dist));
-    EXPECT_EQ(dist, 0);
-    EXPECT_TRUE(Same(contact, inside[0]));
-    const gsl_Point through[2] = {{-1, 0, 5}, {5, 0, 5}};
-    ASSERT_TRUE(gsl_InPlaneLinTriMinDirectionalDist(through, TRI, PLANE, UP, -1, &contact, dist));
-    EXPECT_EQ(dist, 0);
-    dist = 77;
-    contact = UNTOUCHED;
-    const gsl_Point above[2] = {{1, 0, 9}, {3, 0, 9}};
-    EXPECT_FALSE(gsl_InPlaneLinTriMinDirectionalDist(above, TRI, PLANE, UP, -1, &contact, dist));
-    EXPECT_FALSE(gsl_InPlaneLinTriMinDirectionalDist(below, TRI, PLANE, {0, 1, 0}, -1, &contact, dist));
-    EXPECT_FALSE(gsl_InPlaneLinTriMinDirectionalDist(below, TRI, gsl_Plane(), UP, -1, &contact, dist));
-    EXPECT_EQ(dist, 77);
-    EXPECT_TRUE(Same(contact, UNTOUCHED));
-}
-
-TEST(DirectionalDist, TrianglesInOnePlane)
-{
-    gsl_Point contact = UNTOUCHED;
-    double dist = 77;
-    const gsl_Point below[3] = {{1, 0, 0}, {3, 0, 0}, {2, 0, 1}};
-    ASSERT_TRUE(gsl_InPlaneTriTriMinDirectionalDist(below, TRI, UP, -1, &contact, dist));
-    EXPECT_DOUBLE_EQ(dist, 3);
-    EXPECT_TRUE(Near(contact, gsl_Point(2, 0, 4), 1e-15));
-    const gsl_Point within[3] = {{1.8, 0, 5}, {2.2, 0, 5}, {2, 0, 5.5}};
-    EXPECT_TRUE(gsl_InPlaneTriTriMinDirectionalDist(within, TRI, UP, 1, &contact, dist));
-    EXPECT_EQ(dist, 0);
-    EXPECT_TRUE(gsl_InPlaneTriTriMinDirectionalDist(TRI, within, UP, 1, &contact, dist));
-    EXPECT_EQ(dist, 0);
-    // A star: no corner of either in the other.
-    const gsl_Point star[3] = {{0, 0, 6.5}, {4, 0, 6.5}, {2, 0, 3}};
-    EXPECT_TRUE(gsl_InPlaneTriTriMinDirectionalDist(star, TRI, UP, -1, nullptr, dist));
-    EXPECT_EQ(dist, 0);
-    dist = 77;
-    const gsl_Point beside[3] = {{9, 0, 0}, {11, 0, 0}, {10, 0, 1}};
-    EXPECT_FALSE(gsl_InPlaneTriTriMinDirectionalDist(beside, TRI, UP, -1, &contact, dist));
-    EXPECT_FALSE(gsl_InPlaneTriTriMinDirectionalDist(TRI, below, UP, -1, &contact, dist));
-    EXPECT_FALSE(gsl_InPlaneTriTriMinDirectionalDist(below, TRI, {0, 1, 0}, -1, &contact, dist));
+    EXPECT_FALSE(gsl_InPlaneSegSegMinDirectionalDist(UP, a[0], a[1], {1, 0.1, 3}, {3, 0.1, 3}, nullptr, L,
+                                                     nullptr, dist));
     EXPECT_EQ(dist, 77);
 }
 
-// In the plane, the triangles' answer is that of thin prisms over them.
-TEST(DirectionalDist, TrianglesInOnePlaneAgainstTheOracle)
+// In the plane, the triangles' answer is that of thin prisms over them; a segment is a flat triangle.
+TEST(DirectionalDist, InOnePlaneAgainstTheOracle)
 {
     GeometryDraw draw(62);
+    const testing_oracle::Frame frame({0, 0, 1});
+    const gsl_Plane plane({0, 0, 0}, {0, 1, 0});
     int met = 0;
-    for (int i = 0; i < 3000; ++i)
+    for (int i = 0; i < 6000; ++i)
     {
-        Triangle t[2];
+        Set t = Soup(draw, 2, 0, 1);
         gsl_Point corner[2][3];
-        for (std::size_t k = 0; k < 2; ++k)
-            for (std::size_t c = 0; c < 3; ++c)
-            {
-                t[k][c] = {draw.Number(-1, 1), 0, draw.Number(-1, 1) + (k == 1 ? 1.5 : 0.0)};
-                corner[k][c] = Of(t[k][c]);
-            }
-        const auto exact =
-            testing_oracle::MeetingInterval(testing_oracle::Frame({0, 0, 1}), t[0], t[1], 0, 0, 1e-15L);
+        for (std::size_t k = 0; k < 6; ++k)
+        {
+            Point& p = t[k / 3][k % 3];
+            p = {p[0], 0, p[2] + (k > 2 ? 1.5 : 0.0)};
+            p = k == 2 + 3 * (k / 3) && i % 3 > static_cast<int>(k / 3) ? t[k / 3][1] : p;
+            corner[k / 3][k % 3] = Of(p);
+        }
+        const auto& [a, b] = corner;
+        const auto exact = testing_oracle::MeetingInterval(frame, t[0], t[1], 0, 0, 1e-15L);
+        const int axis = i % 2 == 0 ? 1 : -1; // the one to leave out, or none said
         double dist = -1;
-        const bool found = gsl_InPlaneTriTriMinDirectionalDist(corner[0], corner[1], UP, -1, nullptr, dist);
+        gsl_Point at;
+        const bool found =
+            i % 3 == 0 ? gsl_InPlaneTriTriMinDirectionalDist(a, b, UP, axis, &at, dist)
+            : i % 3 == 1
+                ? gsl_InPlaneLinTriMinDirectionalDist(a, b, plane, UP, axis, &at, dist)
+                : gsl_InPlaneSegSegMinDirectionalDist(UP, a[0], a[1], b[0], b[1], nullptr, L, &at, dist);
         ASSERT_EQ(found, exact.meets && exact.last >= 0) << i;
-        if (!found)
-            continue;
-        ++met;
-        ASSERT_NEAR(dist, std::max(static_cast<double>(exact.first), 0.0), 1e-9) << i;
+        ASSERT_NEAR(dist, found ? std::max(static_cast<double>(exact.first), 0.0) : -1, 1e-9) << i;
+        // The place is on b.
+        ASSERT_TRUE(!found ||
+                    (i % 3 == 2 ? gsl_Segment(b[0], b[1]).GetDistance(at) < L : Of(t[1]).Contains(at)))
+            << i;
+        met += found;
+        dist = 77; // across the plane
+        ASSERT_FALSE(gsl_InPlaneTriTriMinDirectionalDist(a, b, {0, 1, 0}, axis, nullptr, dist) || dist != 77);
     }
-    EXPECT_GT(met, 500);
+    EXPECT_GT(met, 1000);
 }
 }

@@ -3,7 +3,6 @@
 
 #include <functional>
 #include <gsl_Matrix.h>
-#include <nex_RangeException.h>
 #include <numbers>
 
 namespace
@@ -36,29 +35,6 @@ testing::AssertionResult NearMatrix(const gsl_Matrix& a, const gsl_Matrix& b, do
     return testing::AssertionSuccess();
 }
 
-TEST(Matrix, EntriesRowsAndColumns)
-{
-    gsl_Matrix matrix;
-    const double row[] = {1, 2, 3, 4};
-    const double column[] = {5, 6, 7, 8};
-    matrix.SetRow(1, row);
-    matrix.SetColumn(2, column);
-    matrix.Set(3, 0, 9);
-    const double expected[16] = {1, 0, 5, 0, 1, 2, 6, 4, 0, 0, 7, 0, 9, 0, 8, 1};
-    double values[16];
-    matrix.AsArray(values);
-    gsl_Matrix back;
-    EXPECT_TRUE(back.From2DArray(matrix.To2DArray()));
-    for (int i = 0; i < 16; ++i)
-        EXPECT_TRUE(values[i] == expected[i] && back(i / 4, i % 4) == expected[i]) << i;
-    EXPECT_FALSE(back.From2DArray(cow_2DArray<double>(3, 4, 1.0)) ||
-                 back.From2DArray(cow_2DArray<double>(4, 5, 1.0)));
-    EXPECT_THROW(back.Set(4, 0, 1), nex_RangeException);
-    EXPECT_THROW(back.SetColumn(-1, row), nex_RangeException);
-    EXPECT_THROW((void)back.NewAxis(3), nex_RangeException);
-    EXPECT_TRUE(NearMatrix(back, matrix, 0));
-}
-
 // Away from the identity by one entry and back again, where the flag is exact and equality is not; then
 // through every other setter.
 TEST(Matrix, IdentityFlagAndEqualityFollowEveryEntry)
@@ -69,28 +45,25 @@ TEST(Matrix, IdentityFlagAndEqualityFollowEveryEntry)
         const double unit = i % 5 == 0 ? 1 : 0;
         matrix.Set(i / 4, i % 4, std::nextafter(unit, 2));
         EXPECT_TRUE(!matrix.IsIdentity() && matrix == gsl_Matrix());
-        matrix.Set(i / 4, i % 4, unit + 1e-6);
-        EXPECT_TRUE(matrix == gsl_Matrix() || unit == 1) << "the bound is inclusive";
         matrix.Set(i / 4, i % 4, unit - 1.1e-6);
         EXPECT_TRUE(matrix != gsl_Matrix());
         matrix.Set(i / 4, i % 4, unit);
         EXPECT_TRUE(matrix.IsIdentity());
     }
     const double identity[] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0}; // and one more to shift by
-    const std::function<void(gsl_Matrix&, double)> setters[] = {
-        [](gsl_Matrix& m, double by) { m.SetTranslation(gsl_Vector(0, by, -0.0)); },
-        [](gsl_Matrix& m, double by) { m.SetRotationVectors(X, Y, Z + X * by); },
-        [](gsl_Matrix& m, double by) { (void)m.AxisRotation(Z, by); },
-        [&](gsl_Matrix& m, double by) { by == 0 ? m.FillIdentity() : m.FromArray(identity + 1); },
-        [&](gsl_Matrix& m, double by) { m.SetRow(2, identity + (by == 0 ? 8 : 4)); },
-        [&](gsl_Matrix& m, double by) { m.SetColumn(1, identity + (by == 0 ? 4 : 8)); }};
+    const std::function<void(double)> setters[] = {
+        [&](double by) { matrix.SetTranslation(gsl_Vector(0, by, -0.0)); },
+        [&](double by) { matrix.SetRotationVectors(X, Y, Z + X * by); },
+        [&](double by) { (void)matrix.AxisRotation(Z, by); },
+        [&](double by) { by == 0 ? matrix.FillIdentity() : matrix.FromArray(identity + 1); },
+        [&](double by) { matrix.SetRow(2, identity + (by == 0 ? 8 : 4)); },
+        [&](double by) { matrix.SetColumn(1, identity + (by == 0 ? 4 : 8)); }};
     for (const auto& set : setters)
-    {
-        set(matrix, 1);
-        EXPECT_FALSE(matrix.IsIdentity()) << &set - setters;
-        set(matrix, 0);
-        EXPECT_TRUE(matrix.IsIdentity()) << &set - setters;
-    }
+        for (const double by : {1.0, 0.0})
+        {
+            set(by);
+            EXPECT_EQ(matrix.IsIdentity(), by == 0) << &set - setters;
+        }
 }
 
 TEST(Matrix, ColumnsAreImagesOfTheFrameAndTheLastRowDividesNothing)
@@ -100,12 +73,8 @@ TEST(Matrix, ColumnsAreImagesOfTheFrameAndTheLastRowDividesNothing)
     matrix.SetTranslation(gsl_Vector(10, 11, 12));
     matrix.Set(3, 3, 2);
     matrix.Set(3, 0, 5);
-    EXPECT_TRUE(Same(matrix.NewXAxis(), gsl_Vector(1, 2, 3)) &&
-                Same(matrix.NewYAxis(), gsl_Vector(4, 5, 6)) && Same(matrix.NewZAxis(), gsl_Vector(7, 8, 9)));
-    EXPECT_TRUE(Same(matrix.Transform(Y), matrix.NewAxis(1))) << "no translation for a vector";
+    EXPECT_TRUE(Same(matrix.Transform(Y), gsl_Vector(4, 5, 6))) << "no translation for a vector";
     EXPECT_TRUE(Same(matrix.Transform(gsl_Point(0, 0, 1)), gsl_Point(17, 19, 21)));
-    EXPECT_TRUE(Same(gsl_Vector(matrix.NewOrigin()), matrix.GetTranslation()));
-    EXPECT_TRUE(Same(matrix.GetTranslation(), gsl_Vector(10, 11, 12)));
 }
 
 // The axis stays, what lies across it turns by the angle; and axis and angle come back.
@@ -119,15 +88,12 @@ TEST(Matrix, AxisRotationTurnsAFrameAndComesBack)
         const Frame f = draw.Frame();
         const double small = std::pow(10.0, draw.Number(-9, -3));
         const double angle = i % 3 == 0 ? draw.Number(0, PI) : i % 3 == 1 ? small : PI - small;
-        for (const double whole : {0.0, 2 * PI, -4 * PI})
-        {
-            gsl_Matrix matrix = RandomRigid(draw);
-            ASSERT_TRUE(matrix.AxisRotation(f.n * draw.Number(1e-5, 100), angle + whole));
-            ASSERT_TRUE(Same(matrix.GetTranslation(), gsl_Vector())) << "everything is replaced";
-            ASSERT_TRUE(Near(matrix.Transform(f.n), f.n, 1e-14));
-            ASSERT_TRUE(Near(matrix.Transform(f.u), f.u * std::cos(angle) + f.v * std::sin(angle), 1e-14));
-            ASSERT_TRUE(Near(matrix.Transform(f.v), f.v * std::cos(angle) - f.u * std::sin(angle), 1e-14));
-        }
+        gsl_Matrix matrix = RandomRigid(draw);
+        ASSERT_TRUE(matrix.AxisRotation(f.n * draw.Number(1e-5, 100), angle - 2 * PI * draw.Whole(-1, 2)));
+        ASSERT_TRUE(Same(matrix.GetTranslation(), gsl_Vector())) << "everything is replaced";
+        ASSERT_TRUE(Near(matrix.Transform(f.n), f.n, 1e-14));
+        ASSERT_TRUE(Near(matrix.Transform(f.u), f.u * std::cos(angle) + f.v * std::sin(angle), 1e-14));
+        ASSERT_TRUE(Near(matrix.Transform(f.v), f.v * std::cos(angle) - f.u * std::sin(angle), 1e-14));
         Rotation(f.n, angle).GetAxisRotation(axis, found);
         ASSERT_NEAR(found, angle, 4e-15);
         ASSERT_TRUE(Near(axis, f.n, 2e-14 / std::min(angle, 1.0))) << angle;
@@ -156,7 +122,6 @@ TEST(Matrix, EulerAnglesComeBack)
         return matrix;
     };
     double found[3];
-    double again[3];
     for (int i = 0; i < 3000; ++i)
     {
         const bool atPole = i % 3 == 0;
@@ -166,41 +131,15 @@ TEST(Matrix, EulerAnglesComeBack)
         const double z = draw.Number(-PI, PI);
         const gsl_Matrix matrix = turned(x, y, z);
         matrix.GetEulerianAnglesZYX(found[2], found[1], found[0]);
-        matrix.GetRotationAngles(again[0], again[1], again[2]);
-        ASSERT_TRUE(std::equal(found, found + 3, again));
         ASSERT_NEAR(found[0], atPole ? 0 : x, atPole ? 0 : 1e-12);
         ASSERT_NEAR(found[1], y, atPole ? 1.5e-5 : 1e-12);
         ASSERT_TRUE(NearMatrix(turned(found[0], found[1], found[2]), matrix, atPole ? 3e-5 : 1e-11));
     }
-    // Entries a little beyond 1, as products leave them, are taken for the pole.
+    // Entries a little beyond 1, as products leave them.
     gsl_Matrix beyond = turned(0, PI / 2, 0.5);
     beyond.Set(2, 0, -1.0000000001);
     beyond.GetRotationAngles(found[0], found[1], found[2]);
     EXPECT_TRUE(found[0] == 0 && found[1] == PI / 2 && std::abs(found[2] - 0.5) < 1e-15);
-}
-
-TEST(Matrix, ConcatenationAppliesTheSecondFirst)
-{
-    GeometryDraw draw(55);
-    for (int i = 0; i < 200; ++i)
-    {
-        gsl_Matrix a;
-        gsl_Matrix b;
-        for (int k = 0; k < 16; ++k) // all rows and columns take part
-        {
-            a.Set(k / 4, k % 4, draw.Number(-3, 3));
-            b.Set(k / 4, k % 4, draw.Number(-3, 3));
-        }
-        gsl_Matrix ab = a;
-        ab.Concatenate(i % 2 == 0 ? b : ab);
-        for (int k = 0; k < 16; ++k)
-        {
-            double product = 0;
-            for (int j = 0; j < 4; ++j)
-                product += a(k / 4, j) * (i % 2 == 0 ? b : a)(j, k % 4);
-            ASSERT_NEAR(ab(k / 4, k % 4), product, 1e-13);
-        }
-    }
 }
 
 TEST(Matrix, RigidTransformsKeepDistancesAndHaveInverses)
@@ -217,7 +156,10 @@ TEST(Matrix, RigidTransformsKeepDistancesAndHaveInverses)
         const gsl_Point ahead = p + v;
         v.RotateAndTransform(a);
         ASSERT_TRUE(Near(q + v, a.Transform(ahead), 1e-12));
+        gsl_Matrix both = RandomRigid(draw);
+        const gsl_Point expected = both.Transform(q);
+        both.Concatenate(a);
+        ASSERT_TRUE(Near(both.Transform(p), expected, 1e-12)) << "the second is applied first";
     }
-    EXPECT_TRUE(gsl_Matrix().InverseRigidTransform().IsIdentity());
 }
 }

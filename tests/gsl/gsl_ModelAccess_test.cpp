@@ -8,17 +8,15 @@
 #include <gsl_HitRecord.h>
 #include <gsl_LineMethod.h>
 #include <gsl_ModelAccess.h>
-#include <gsl_ModelSegment.h>
 #include <gsl_Plane.h>
 #include <gsl_StLine.h>
 #include <memory>
-#include <nex_RangeException.h>
-#include <sstream>
 #include <string>
 
 namespace
 {
 using namespace geometry;
+const gsl_Point PLACE(1, 2, 3);
 
 /// A model that answers as told and keeps the last question.
 class FakeModel : public gsl_ModelAccess
@@ -34,195 +32,108 @@ public:
     {
         return Answer("line", static_cast<int>(method), parentIds, point, dir);
     }
-    bool FindDot(gsl_DotMethod method, int instanceId, int entityId, const cow_List<double>& geometryData,
+    bool FindDot(gsl_DotMethod method, int instanceId, int entityId, const cow_List<double>& data,
                  gsl_Point& point) const override
     {
         gsl_Vector none;
-        data = geometryData;
-        return Answer("dot", static_cast<int>(method), cow_List<int>{instanceId, entityId}, point, none);
+        return Answer(data == cow_List<double>{0.25} ? "dot" : "dot without its data",
+                      static_cast<int>(method), {instanceId, entityId}, point, none);
     }
     int FindOwner(int instanceId, int entityId) const override { return 100 * instanceId + entityId; }
 
     bool answers = true;
-    gsl_Point place = gsl_Point(1, 2, 3);
     gsl_Vector direction = gsl_Vector(0, 0, 4);
     mutable std::string question;
-    mutable cow_List<double> data;
 
 private:
     bool Answer(const char* what, int method, const cow_List<int>& ids, gsl_Point& point,
                 gsl_Vector& vector) const
     {
-        question = what + std::string(" ") + std::to_string(method);
-        for (const int id : ids)
-            question += " " + std::to_string(id);
-        point = place;
+        question += what + std::string(" ") + std::to_string(method) + ": " + std::to_string(ids[0]) + " " +
+                    std::to_string(ids[ids.Length() - 1]) + "; ";
+        point = PLACE;
         vector = direction;
         return answers;
     }
 };
 
-gsl_Plane PickedPlane(bool flip = false)
+/// A plane, a line and a dot as picked.
+struct Picked
 {
-    gsl_Plane plane(ORIGIN, X);
-    plane.SetParents(gsl_DirMethod::FROM_FACE, cow_List<int>{4, 9}, flip);
-    plane.SetCentroid(gsl_Point(0, 5, 0));
-    return plane;
-}
+    explicit Picked(bool flip = false)
+    {
+        plane.SetParents(gsl_DirMethod::FROM_FACE, cow_List<int>{4, 9}, flip);
+        plane.SetCentroid(gsl_Point(0, 5, 0));
+        line.SetParents(gsl_LineMethod::FROM_EDGE, cow_List<int>{7}, flip);
+        dot.SetValues(gsl_Point(5, 5, 5), gsl_DotMethod::gsl_FROM_EDGE_PARAM, 2, 31);
+        dot.SetGeometryData(cow_List<double>{0.25});
+    }
 
-gsl_StLine PickedLine(bool flip = false)
-{
-    gsl_StLine line(ORIGIN, X);
-    line.SetParents(gsl_LineMethod::FROM_EDGE, cow_List<int>{7}, flip);
-    return line;
-}
-
-gsl_Dot PickedDot()
-{
+    gsl_Plane plane{ORIGIN, X};
+    gsl_StLine line{ORIGIN, X};
     gsl_Dot dot;
-    dot.SetValues(gsl_Point(5, 5, 5), gsl_DotMethod::gsl_FROM_EDGE_PARAM, 2, 31);
-    dot.SetGeometryData(cow_List<double>{0.25});
-    return dot;
-}
+};
 
 TEST(Regenerate, TakesThePlaceFromTheModel)
 {
-    EXPECT_EQ(gsl_ModelAccess::Current(), nullptr);
+    for (const bool flip : {false, true})
     {
         const FakeModel first;
-        const FakeModel model;
-        EXPECT_EQ(gsl_ModelAccess::Current(), &model);
-        for (const bool flip : {false, true})
-        {
-            gsl_Plane plane = PickedPlane(flip);
-            EXPECT_TRUE(plane.Regenerate());
-            EXPECT_EQ(model.question, "plane 1 4 9");
-            EXPECT_TRUE(Same(plane.PointOn(), model.place) && Same(plane.Direction(), Z * (flip ? -1 : 1)));
-            EXPECT_TRUE(Same(plane.Centroid(), model.place)) << "the old centroid is forgotten";
-            EXPECT_TRUE(plane.Method() == gsl_DirMethod::FROM_FACE && plane.IsFlipped() == flip);
-            gsl_StLine line = PickedLine(flip);
-            EXPECT_TRUE(line.Regenerate());
-            EXPECT_EQ(model.question, "line 1 7");
-            EXPECT_TRUE(Same(line.PointOn(), model.place) && Same(line.Direction(), Z * (flip ? -1 : 1)));
-            EXPECT_TRUE(Same(line.DirectionForDatum(), Z));
-        }
-        gsl_Dot dot = PickedDot();
-        EXPECT_TRUE(dot.Regenerate());
-        EXPECT_EQ(model.question, "dot 3 2 31");
-        EXPECT_EQ(model.data, (cow_List<double>{0.25}));
-        EXPECT_TRUE(Same(dot.GetPoint(), model.place));
-        EXPECT_EQ(dot.GetMethod(), gsl_DotMethod::gsl_FROM_EDGE_PARAM);
+        const FakeModel model; // the latest one is asked
+        Picked picked(flip);
+        EXPECT_TRUE(picked.plane.Regenerate() && picked.line.Regenerate() && picked.dot.Regenerate());
+        EXPECT_EQ(model.question, "plane 1: 4 9; line 1: 7 7; dot 3: 2 31; ");
+        EXPECT_TRUE(Same(picked.plane.PointOn(), PLACE) && Same(picked.line.PointOn(), PLACE) &&
+                    Same(picked.dot.GetPoint(), PLACE));
+        EXPECT_TRUE(Same(picked.plane.Centroid(), PLACE)) << "the old centroid is forgotten";
+        const gsl_Vector direction = Z * (flip ? -1 : 1);
+        EXPECT_TRUE(Same(picked.plane.Direction(), direction) && Same(picked.line.Direction(), direction));
+        EXPECT_TRUE(Same(picked.line.DirectionForDatum(), Z));
+        EXPECT_EQ(picked.dot.OwnerFeatID(), 231);
     }
     EXPECT_EQ(gsl_ModelAccess::Current(), nullptr);
 }
 
 // Ways not to get an answer; each leaves the invalid method and the last geometry.
-enum class Refusal { NO_HOOK, SAYS_NO, NO_DIRECTION };
-
-void ExpectInvalidForGood(Refusal refusal)
-{
-    std::unique_ptr<FakeModel> model;
-    if (refusal != Refusal::NO_HOOK)
-    {
-        model = std::make_unique<FakeModel>();
-        model->answers = refusal != Refusal::SAYS_NO;
-        model->direction = Z * (refusal == Refusal::NO_DIRECTION ? 0.9e-6 : 4.0);
-    }
-    gsl_Plane plane = PickedPlane();
-    gsl_StLine line = PickedLine();
-    EXPECT_FALSE(plane.Regenerate() || plane.IsValid() || line.Regenerate() || line.IsValid());
-    EXPECT_EQ(plane.Method(), gsl_DirMethod::PLANE_INVALID);
-    EXPECT_EQ(line.Method(), gsl_LineMethod::STLINE_INVALID);
-    EXPECT_TRUE(Same(plane.PointOn(), ORIGIN) && Same(plane.Direction(), X) &&
-                Same(plane.Centroid(), gsl_Point(0, 5, 0)));
-    EXPECT_TRUE(Same(line.PointOn(), ORIGIN) && Same(line.Direction(), X));
-    gsl_Dot dot = PickedDot();
-    const bool needsNoDirection = refusal == Refusal::NO_DIRECTION;
-    EXPECT_EQ(dot.Regenerate(), needsNoDirection);
-    EXPECT_EQ(dot.GetMethod() == gsl_DotMethod::gsl_DOT_INVALID, !needsNoDirection);
-    EXPECT_TRUE(needsNoDirection || Same(dot.GetPoint(), gsl_Point(5, 5, 5)));
-    // A model that answers again cannot know what was picked.
-    model = std::make_unique<FakeModel>();
-    gsl_HitRecord record;
-    record.method = 77;
-    EXPECT_FALSE(plane.Regenerate() || line.Regenerate() || plane.CreateHitRecord(record) ||
-                 line.CreateHitRecord(record));
-    EXPECT_TRUE(model->question.empty() && record.method == 77);
-}
-
 TEST(Regenerate, WithoutAnAnswerMakesInvalidForGood)
 {
-    for (const Refusal refusal : {Refusal::NO_HOOK, Refusal::SAYS_NO, Refusal::NO_DIRECTION})
-        ExpectInvalidForGood(refusal);
-}
-
-TEST(Regenerate, FreeGeometryAsksNobody)
-{
-    const FakeModel model;
-    const auto free = [](auto geometry, bool valid) {
+    enum { NO_HOOK, SAYS_NO, NO_DIRECTION };
+    for (const int refusal : {NO_HOOK, SAYS_NO, NO_DIRECTION})
+    {
+        std::unique_ptr<FakeModel> model(refusal == NO_HOOK ? nullptr : new FakeModel);
+        if (model)
+        {
+            model->answers = refusal != SAYS_NO;
+            model->direction = Z * (refusal == NO_DIRECTION ? 0.9e-6 : 4.0);
+        }
+        auto [plane, line, dot] = Picked();
+        EXPECT_FALSE(plane.Regenerate() || line.Regenerate());
+        EXPECT_EQ(plane.Method(), gsl_DirMethod::PLANE_INVALID);
+        EXPECT_EQ(line.Method(), gsl_LineMethod::STLINE_INVALID);
+        EXPECT_TRUE(Same(plane.Direction(), X) && Same(plane.Centroid(), gsl_Point(0, 5, 0)) &&
+                    Same(line.PointOn(), ORIGIN) && Same(line.Direction(), X));
+        EXPECT_EQ(dot.Regenerate(), refusal == NO_DIRECTION) << "it needs none";
+        EXPECT_EQ(dot.GetMethod() == gsl_DotMethod::gsl_DOT_INVALID, refusal != NO_DIRECTION);
+        // A model that answers again cannot know what was picked; nor does free geometry ask it.
+        model = std::make_unique<FakeModel>();
         gsl_HitRecord none;
-        return geometry.Regenerate() == valid && geometry.IsValid() == valid &&
-               !geometry.CreateHitRecord(none);
-    };
-    EXPECT_TRUE(free(gsl_Plane(ORIGIN, X), true) && free(gsl_StLine(ORIGIN, X), true) &&
-                free(gsl_StLine(ORIGIN, gsl_Point(1, 0, 0)), true));
-    EXPECT_TRUE(free(gsl_Plane(), false) && free(gsl_StLine(), false));
-    gsl_HitRecord none;
-    gsl_Dot dot(1, 2, 3);
-    EXPECT_TRUE(dot.Regenerate() && Same(dot.GetPoint(), gsl_Point(1, 2, 3)) && !dot.CreateHitRecord(none));
-    EXPECT_FALSE(gsl_Dot().Regenerate() || gsl_Dot().CreateHitRecord(none));
-    EXPECT_EQ(model.question, "");
-}
-
-TEST(Regenerate, ASegmentRegeneratesBothDots)
-{
-    const FakeModel model;
-    gsl_ModelSegment segment(PickedDot(), PickedDot());
-    EXPECT_TRUE(segment.Regenerate());
-    EXPECT_TRUE(Same(segment.Point1().GetPoint(), model.place));
-    gsl_ModelSegment half(gsl_Dot(), PickedDot());
-    EXPECT_FALSE(half.Regenerate());
-    EXPECT_TRUE(Same(half.Point2().GetPoint(), model.place)) << "also when the first dot fails";
-}
-
-TEST(Dot, Construction)
-{
-    gsl_Dot node;
-    node.SetValues(ORIGIN, gsl_DotMethod::gsl_FROM_NODE, 2, 1234);
-    const struct
-    {
-        gsl_Dot dot;
-        const char* expected; // method, x, instance, entity, parents, label
-    } rows[] = {{gsl_Dot(), "11 0 0 0 0 -1"},
-                {gsl_Dot(3, 4), "1 0 3 4 1 -1"},
-                {gsl_Dot(1, 2, 3), "0 1 0 0 0 -1"},
-                {node, "10 0 2 1234 1 1234"}};
-    for (const auto& [dot, expected] : rows)
-    {
-        std::ostringstream text;
-        text << static_cast<int>(dot.GetMethod()) << " " << dot.GetPoint().X() << " " << dot.GetInstanceId()
-             << " " << dot.GetEntityId() << " " << dot.NmrParents() << " " << dot.GetUserNodeLabel();
-        EXPECT_EQ(text.str(), expected);
-        EXPECT_THROW((void)dot.GetNthParentId(dot.NmrParents()), nex_RangeException);
-        EXPECT_EQ(dot.OwnerFeatID(), 0) << "without a model";
+        EXPECT_FALSE(plane.Regenerate() || line.Regenerate() || plane.CreateHitRecord(none));
+        gsl_Plane free(ORIGIN, X);
+        gsl_Dot freeDot(1, 2, 3);
+        EXPECT_TRUE(free.Regenerate() && freeDot.Regenerate() && model->question.empty());
+        EXPECT_FALSE(free.CreateHitRecord(none) || freeDot.CreateHitRecord(none));
     }
-    const FakeModel model;
-    EXPECT_EQ(PickedDot().GetNthParentId(0), 31);
-    EXPECT_EQ(PickedDot().OwnerFeatID(), 231);
-    EXPECT_EQ(gsl_Dot(1, 2, 3).OwnerFeatID(), 0);
 }
 
 TEST(HitRecord, TellsWhatWasPicked)
 {
-    const auto told = [](const auto& picked, int method, const cow_List<int>& ids, const gsl_Point& point,
-                         const gsl_Vector& direction) {
-        gsl_HitRecord record;
-        EXPECT_TRUE(picked.CreateHitRecord(record));
-        return record.typeId == picked.DynTypeId() && record.method == method && record.parentIds == ids &&
-               Same(record.point, point) && Same(record.direction, direction);
-    };
-    EXPECT_TRUE(told(PickedPlane(), 1, {4, 9}, gsl_Point(0, 5, 0), X));
-    EXPECT_TRUE(told(PickedLine(), 1, {7}, ORIGIN, X));
-    EXPECT_TRUE(told(PickedDot(), 3, {2, 31}, gsl_Point(5, 5, 5), gsl_Vector()));
+    const Picked picked;
+    gsl_HitRecord record;
+    EXPECT_TRUE(picked.plane.CreateHitRecord(record) && record.typeId == gsl_Plane::TypeId() &&
+                record.method == 1 && record.parentIds == (cow_List<int>{4, 9}) &&
+                Same(record.point, gsl_Point(0, 5, 0)) && Same(record.direction, X));
+    EXPECT_TRUE(picked.dot.CreateHitRecord(record) && record.typeId == gsl_Dot::TypeId() &&
+                record.method == 3 && record.parentIds == (cow_List<int>{2, 31}) &&
+                Same(record.point, gsl_Point(5, 5, 5)) && Same(record.direction, gsl_Vector()));
 }
 }

@@ -5,35 +5,19 @@
 #include <gsl_Plane.h>
 #include <gsl_Predicates.h>
 #include <gsl_StLine.h>
-#include <memory>
 
 namespace
 {
 using namespace geometry;
 
-TEST(StLine, KeepsAUnitDirectionAndItsMethod)
+TEST(StLine, FlippedItKeepsTheDirectionOfItsDatum)
 {
     gsl_StLine line(gsl_Point(5, 2, 3), gsl_Vector(4, 0, 0));
-    EXPECT_TRUE(line.IsValid() && Same(line.Direction(), X));
-    EXPECT_EQ(line.Direction().CachedMagnitude(), 1.0);
-    EXPECT_TRUE(Same(line.PointAtDistance(-4), gsl_Point(1, 2, 3)));
-    EXPECT_EQ(line.Method(), gsl_LineMethod::FROM_PNT_VECTOR);
-    EXPECT_EQ(gsl_StLine(ORIGIN, X, gsl_LineMethod::FROM_EDGE).Method(), gsl_LineMethod::FROM_EDGE);
-    const gsl_StLine joined(gsl_Point(1, 0, 0), gsl_Point(1, -3, 0));
-    EXPECT_EQ(joined.Method(), gsl_LineMethod::FROM_PNT_PNT);
-    EXPECT_TRUE(Same(joined.Direction(), Y * -1));
-
-    line.SetOwnerFeatID(12);
-    const std::unique_ptr<gsl_StLine> copy(line.Copy());
-    line.FlipDirection();
-    line.SetOwnerFeatID(13);
-    EXPECT_TRUE(line.IsFlipped() && Same(line.Direction(), X * -1) && Same(line.DirectionForDatum(), X));
-    EXPECT_TRUE(!copy->IsFlipped() && Same(copy->Direction(), X) && Same(copy->DirectionForDatum(), X));
-    EXPECT_EQ(copy->OwnerFeatID(), 12);
     // The direction away from a point before, behind and beside the line's own point.
-    EXPECT_TRUE(Same(copy->DirFromPtForStraightEdge(gsl_Point(0, 3, 3)), X));
-    EXPECT_TRUE(Same(copy->DirFromPtForStraightEdge(gsl_Point(9, 3, 3)), X * -1));
-    EXPECT_TRUE(Same(copy->DirFromPtForStraightEdge(gsl_Point(5, 3, 3)), X));
+    for (const auto& [x, sign] : {std::pair(0, 1), {9, -1}, {5, 1}})
+        EXPECT_TRUE(Same(line.DirFromPtForStraightEdge(gsl_Point(x, 3, 3)), X * sign));
+    line.FlipDirection();
+    EXPECT_TRUE(line.IsFlipped() && Same(line.Direction(), X * -1) && Same(line.DirectionForDatum(), X));
 }
 
 TEST(StLine, WithoutADirectionIsOnlyItsPoint)
@@ -45,12 +29,10 @@ TEST(StLine, WithoutADirectionIsOnlyItsPoint)
         EXPECT_TRUE(!bad.IsValid() && bad.Method() == gsl_LineMethod::STLINE_INVALID);
         EXPECT_TRUE(bad.GetDistance(gsl_Point(3, 4, 0)) == 5.0 && bad.GetDistance(line) == 5.0 &&
                     line.GetDistance(bad) == 5.0 && bad.GetDistance(bad) == 0.0 && bad.IsSkewed(line));
-        gsl_Point out = UNTOUCHED;
-        EXPECT_TRUE(Same(gsl_Point(3, 4, 0).ProjectOn(bad), ORIGIN));
+        gsl_Point out;
         EXPECT_FALSE(ORIGIN.IsOn(bad) || bad.IsOn(bad) || line.IsOn(bad) || bad.IsOn(plane) ||
                      bad.IsParallel(bad) || bad.IsParallel(plane) || line.Intersect(bad, out) ||
                      bad.Intersect(plane, out) || bad.IntersectNonParallel(line, out));
-        EXPECT_TRUE(Same(out, UNTOUCHED));
     }
 }
 
@@ -58,7 +40,6 @@ TEST(StLine, WithoutADirectionIsOnlyItsPoint)
 TEST(StLine, DistancesAndMeetingPointsInAKnownFrame)
 {
     GeometryDraw draw(30);
-    int meet = 0;
     for (int i = 0; i < 2000; ++i)
     {
         const Frame f = draw.Frame();
@@ -76,53 +57,41 @@ TEST(StLine, DistancesAndMeetingPointsInAKnownFrame)
         gsl_Point closest;
         ASSERT_TRUE(a.IntersectNonParallel(b, closest));
         ASSERT_TRUE(Near(closest, o, 1e-11));
-        ASSERT_TRUE(b.IntersectNonParallel(a, closest));
-        ASSERT_TRUE(Near(closest, o + f.n * gap, 1e-11));
         gsl_Point out = UNTOUCHED;
         const bool hit = std::abs(gap) < 1e-6;
         ASSERT_TRUE(a.Intersect(b, out) == hit && a.IsSkewed(b) == !hit && !a.IsParallel(b)) << gap;
         ASSERT_TRUE(hit ? Near(out, o + f.n * (0.5 * gap), 1e-11) : Same(out, UNTOUCHED));
-        meet += hit;
     }
-    EXPECT_GT(meet, 500);
 }
 
 // Parallel lines at a distance do not meet, and that is all that "skewed" asks, on purpose.
 TEST(StLine, RelationsAroundTheirBounds)
 {
-    struct Row
+    const struct
     {
         const char* what;
         double away, offset, slope; // of the second line: its point, its rise on a unit run
         bool parallel, on, onBack, skewed;
-    };
-    const Row rows[] = {{"the same", 9, 0, 0, true, true, true, false},
-                        {"offset inside", 0, 0.9e-6, 0, true, true, true, false},
-                        {"offset on the bound: neither on nor skewed", 0, 1e-6, 0, true, false, false, false},
-                        {"offset outside", 0, 1.1e-6, 0, true, false, false, true},
-                        {"slope inside", 0, 0, 0.9e-9, true, true, true, false},
-                        {"slope outside", 0, 0, 1.1e-9, false, false, false, false},
-                        {"parallel and far apart", 9, 5, 0, true, false, false, true},
-                        // Which one's point is asked for decides.
-                        {"slope inside, far away", 1e4, 0, 0.9e-9, true, true, false, false}};
+    } rows[] = {{"offset inside", 9, 0.9e-6, 0, true, true, true, false},
+                {"offset on the bound: neither on nor skewed", 0, 1e-6, 0, true, false, false, false},
+                {"offset outside", 0, 1.1e-6, 0, true, false, false, true},
+                {"slope inside", 0, 0, 0.9e-9, true, true, true, false},
+                {"slope outside", 0, 0, 1.1e-9, false, false, false, false},
+                // Which one's point is asked for decides.
+                {"slope inside, far away", 1e4, 0, 0.9e-9, true, true, false, false}};
     const gsl_StLine a(ORIGIN, X);
-    for (const Row& row : rows)
+    for (const auto& row : rows)
         for (const double sense : {1.0, -1.0})
         {
             SCOPED_TRACE(row.what);
             const gsl_StLine b(gsl_Point(row.away, row.offset, 0), gsl_Vector(1, row.slope, 0) * sense);
             EXPECT_TRUE(a.IsParallel(b) == row.parallel && b.IsParallel(a) == row.parallel);
-            EXPECT_EQ(b.IsOn(a), row.on);
-            EXPECT_EQ(a.IsOn(b), row.onBack);
+            EXPECT_TRUE(b.IsOn(a) == row.on && a.IsOn(b) == row.onBack);
             EXPECT_TRUE(a.IsSkewed(b) == row.skewed && gsl_LinesAreSkew(&a, &b) == row.skewed &&
                         gsl_LinesAreParallel(&a, &b) == row.parallel);
-            gsl_Point out = UNTOUCHED;
+            gsl_Point out;
             EXPECT_TRUE(!row.parallel || (!a.Intersect(b, out) && !a.IntersectNonParallel(b, out)));
-            EXPECT_TRUE(!row.parallel || Same(out, UNTOUCHED));
-            if (row.slope == 0)
-            {
-                EXPECT_EQ(a.GetSignedDistance(b), row.offset) << "the gap, never negative";
-            }
+            EXPECT_TRUE(row.slope != 0 || a.GetSignedDistance(b) == row.offset) << "the gap, never negative";
         }
 }
 
@@ -131,8 +100,6 @@ TEST(StLine, RelationsAroundTheirBounds)
 TEST(StLine, AgainstAPlaneInAKnownFrame)
 {
     GeometryDraw draw(31);
-    int meet = 0;
-    int both = 0;
     for (int i = 0; i < 2000; ++i)
     {
         const Frame f = draw.Frame();
@@ -149,18 +116,10 @@ TEST(StLine, AgainstAPlaneInAKnownFrame)
         ASSERT_EQ(line.Intersect(plane, out), steep > 1e-9) << slope;
         ASSERT_TRUE(steep > 1e-9 ? Near(out, target, 1e-13 / steep) : Same(out, UNTOUCHED));
         ASSERT_EQ(line.IsParallel(plane), steep < 1e-6) << slope;
-        if (std::abs(std::abs(run * slope) - 1e-6) > 1e-12)
-        {
-            ASSERT_EQ(line.IsOn(plane), steep < 1e-6 && std::abs(run * slope) < 1e-6);
-        }
-        meet += steep > 1e-9;
-        both += steep > 1e-9 && steep < 1e-6;
+        const double height = std::abs(run * slope);
+        ASSERT_TRUE(line.IsOn(plane) == (steep < 1e-6 && height < 1e-6) || std::abs(height - 1e-6) < 1e-12);
     }
-    EXPECT_GT(meet, 1000);
-    EXPECT_GT(both, 200);
-    const gsl_Plane floor(ORIGIN, Z);
-    EXPECT_TRUE(gsl_StLine(OnAxis(2, 1e-6), X).IsOn(floor)) << "the bound is inclusive";
-    EXPECT_FALSE(gsl_StLine(OnAxis(2, 1.1e-6), X).IsOn(floor));
+    EXPECT_TRUE(gsl_StLine(OnAxis(2, 1e-6), X).IsOn(gsl_Plane(ORIGIN, Z))) << "the bound is inclusive";
 }
 
 // Vectors of any length, below the linear tolerance too.
@@ -170,11 +129,6 @@ TEST(Intersection, TakesDirectionsOfAnyLength)
     EXPECT_TRUE(Intersection(X * 1e-9, gsl_Point(-3, 2, 1), Y * 1e9, gsl_Point(4, -7, 1), out));
     EXPECT_TRUE(Near(out, gsl_Point(4, 2, 1), 1e-14));
     EXPECT_TRUE(Intersection(X, ORIGIN, Y, gsl_Point(3, 5, 1e-6), out)) << "the gap's bound is inclusive";
-    EXPECT_TRUE(Near(out, gsl_Point(3, 0, 0.5e-6), 1e-20));
-    out = UNTOUCHED;
-    EXPECT_FALSE(Intersection(X, ORIGIN, X * -5, ORIGIN, out) ||
-                 Intersection(X, ORIGIN, Y * 0, ORIGIN, out) || Intersection(Y * 0, ORIGIN, X, ORIGIN, out) ||
-                 Intersection(X, ORIGIN, Y, gsl_Point(0, 0, 1.1e-6), out));
-    EXPECT_TRUE(Same(out, UNTOUCHED));
+    EXPECT_FALSE(Intersection(X, ORIGIN, X * -5, ORIGIN, out) || Intersection(X, ORIGIN, Y * 0, ORIGIN, out));
 }
 }

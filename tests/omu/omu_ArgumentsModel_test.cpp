@@ -53,7 +53,10 @@ public:
         if (!faulty && positional)
             read = Convert(items[std::size_t(now.cursor)], type, "arg" + std::to_string(now.cursor + 1));
         else if (!faulty && supplied)
-            read = Convert(Supplied(keyword), type, keyword);
+            read = Convert(std::find_if(keywords.begin(), keywords.end(),
+                                        [&](const auto& one) { return one.first == keyword; })
+                               ->second,
+                           type, keyword);
         else if (!faulty && !keyword.empty() && !now.optional)
             now.errorArg = now.cursor + 1;
         ++now.cursor;
@@ -92,11 +95,6 @@ public:
     }
 
 private:
-    const Value& Supplied(const std::string& keyword) const
-    {
-        const auto named = [&](const auto& one) { return one.first == keyword; };
-        return std::find_if(keywords.begin(), keywords.end(), named)->second;
-    }
     Read Convert(const Value& value, Type type, const std::string& where)
     {
         if (value.type == type)
@@ -122,7 +120,7 @@ Read Get(omu_PrimTuple& tuple, const std::string& keyword)
     return read ? Read(Text(TupleOf(out).Index(0))) : Read();
 }
 
-class RandomCalls : public testing::TestWithParam<unsigned>
+class RandomCalls : public testing::Test
 {
 protected:
     int Below(int end) { return static_cast<int>(random_() % static_cast<unsigned>(end)); }
@@ -207,13 +205,13 @@ protected:
                   model_.End());
     }
 
-    std::mt19937 random_{GetParam()};
+    std::mt19937 random_{1};
     Model model_;
 };
 
-TEST_P(RandomCalls, AgreeWithTheModel)
+TEST_F(RandomCalls, AgreeWithTheModel)
 {
-    for (int call = 0; call < 200 && !HasFailure(); ++call)
+    for (int call = 0; call < 2000 && !HasFailure(); ++call)
     {
         model_ = Model();
         model_.plain = Below(3) == 0;
@@ -226,6 +224,4 @@ TEST_P(RandomCalls, AgreeWithTheModel)
             ReadCall(model_.plain ? tuple : arguments);
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomCalls, testing::Range(1u, 11u));
 }

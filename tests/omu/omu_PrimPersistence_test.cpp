@@ -2,20 +2,11 @@
 
 #include <KTLBas.h>
 #include <KTLOxuOmu.h>
-#include <cls_AdapterBase.h>
-#include <cls_ClassRegistrar.h>
-#include <cls_MetadataRegistrar.h>
-#include <omu_InterfaceObj.h>
 #include <omu_PrimArray.h>
 #include <omu_PrimBool.h>
-#include <omu_PrimBoolean.h>
 #include <omu_PrimDictionary.h>
-#include <omu_PrimEnumBase_1.h>
-#include <omu_PrimNumber_800.h>
-#include <omu_PrimNumber_832.h>
-#include <omu_PrimType.h>
 #include <omu_PrimWrapper.h>
-#include <omu_ValueErrorException.h>
+#include <omu_QueryPathMsg.h>
 #include <testing/MemoryStore.h>
 #include <testing/StartGuard.h>
 #include <testing/ValueTesting.h>
@@ -29,49 +20,72 @@ using Ints = cow_List<int>;
 class Persistence : public testing::Test
 {
 protected:
-    static const cls_ClassRegistrar& Registrar() { return cls_MetadataRegistrar::Instance().Registrar(); }
-
     const StartGuard<KTLBas_initialize, KTLBas_finalize> base_;
     const StartGuard<KTLOxuOmu_initialize, KTLOxuOmu_finalize> omu_;
     MemoryStore store_;
 };
 
+// One attribute of a stored value is replaced: what reading comes to.
 TEST_F(Persistence, WhatDisagreesIsRefused)
 {
-    StrDictionary empty;
-    const int dictionary = store_.Write(empty);
-    store_.Part(dictionary, omu_PrimDictionaryBase::TypeId())
-        .Set("m_Represents", cls_AttributeType::CHAR, 'i');
-    EXPECT_ERROR(store_.Read<StrDictionary>(dictionary),
-                 "ValueError: omu_PrimDictionaryBase(const cls_ReadVisitor&) - m_Represents not allowed: i");
-
-    const int list = store_.Write(omu_PrimList(Ints{1, 2, 3}));
-    store_.LastPart(list).Set("maxSize", cls_AttributeType::INT, 2);
-    EXPECT_ERROR(store_.Read<omu_PrimList>(list), "OverflowError: list is full; maximum size is 2");
-
-    // An object made by type id keeps its name unchecked; only the enumeration refuses it.
-    const int constant = store_.Write(omu_PrimEnumBase("int"));
-    const std::unique_ptr<cls_Persistent> back = store_.Create(constant);
-    EXPECT_EQ(dynamic_cast<omu_PrimEnumBase&>(*back).GetString(), "int");
-    EXPECT_THROW((store_.Read<omu_PrimEnum<DataTypeEnm, 1>>(constant)), omu_ValueErrorException);
-    EXPECT_THROW(store_.Read<omu_YesNoConst>(constant), omu_ValueErrorException);
-    const int onOff = store_.Write(omu_OnOffConst(true));
-    store_.Part(onOff, omu_PrimEnumBase::TypeId())
-        .Set("stringValue", cls_AttributeType::STRING, cow_String("YES"));
-    EXPECT_THROW(store_.Create(onOff), omu_ValueErrorException);
-    const int number = store_.Write(omu_PrimNumber(5));
-    store_.LastPart(number).Set("dataType", cls_AttributeType::ENUM, cow_String("int"));
-    EXPECT_THROW(store_.Read<omu_PrimNumber>(number), omu_ValueErrorException);
+    const auto text = [](const char* of) { return cow_String(of); };
+    const Cell number = omu_PrimNumber(5u);
+    const Cell array = omu_PrimArray(Ints{2, 2}, Ints{1, 2, 3, 4});
+    const std::string digits = "ValueError: omu_PrimNumber(const cls_ReadVisitor&) - uvalue not allowed: ";
+    const struct
+    {
+        Cell stored;
+        const char* attribute;
+        MemoryValue replaced;
+        std::string outcome;
+    } rows[] = {
+        {StrDictionary(), "m_Represents", 'i',
+         "ValueError: omu_PrimDictionaryBase(const cls_ReadVisitor&) - m_Represents not allowed: i"},
+        {omu_PrimList(Ints{1, 2, 3}), "maxSize", 2, "OverflowError: list is full; maximum size is 2"},
+        {omu_PrimWrapper(4, nullptr, StrDictionary()), "members", MemoryReference{0}, "<wrapper object>"},
+        // An object made by type id keeps its name unchecked; only the enumeration refuses it.
+        {omu_PrimEnumBase("ON"), "stringValue", text("int"), "int"},
+        {omu_OnOffConst(true), "stringValue", text("YES"),
+         "ValueError: omu_PrimEnum(const cls_ReadVisitor&) - str not allowed: YES  Permissible: {ON: 1, OFF: "
+         "0}"},
+        {number, "dataType", text("int"),
+         "ValueError: omu_PrimEnum(const cow_String&) - str not allowed: int  "
+         "Permissible: {SCHAR: 0, SHORT: 1, INT: 2, FLOAT: 3, DOUBLE: 4, UINT: 5}"},
+        // One of the two fields of a number is read, by its data type.
+        {number, "value", 9.0, "5"},
+        {number, "dataType", text("INT"), "0"},
+        {number, "uvalue", text("18446744073709551615"), "18446744073709551615"},
+        {number, "uvalue", text("18446744073709551616"), digits + "18446744073709551616"},
+        {number, "uvalue", text(""), digits},
+        {number, "uvalue", text("-1"), digits + "-1"},
+        {array, "m_shape", MemoryList{Ints{3}}, "ValueError: array shape holds 3 elements, got 4"},
+        {array, "m_shape", MemoryList{Ints{-1, -4}}, "ValueError: array dimension must be positive, got -1"},
+        {array, "m_doubles", MemoryList{cow_List<double>{1.0}},
+         "ValueError: array has elements of more than one type"}};
+    for (const auto& row : rows)
+    {
+        MemoryStore store;
+        const int stored = store.WriteShared(row.stored.value.get());
+        for (MemoryPart& part : store.At(stored).parts)
+            if (const MemoryAttribute* found = part.Find(row.attribute))
+                part.Set(row.attribute, found->type, row.replaced, found->collection);
+        EXPECT_EQ(Outcome([&] {
+                      const std::unique_ptr<cls_Persistent> read = store.Create(stored);
+                      return Text(dynamic_cast<const omu_Primitive&>(*read));
+                  }),
+                  row.outcome)
+            << row.attribute;
+    }
 }
 
-TEST_F(Persistence, WrapperForgetsItsObject)
+TEST_F(Persistence, QueryPathMessageComesBackEqual)
 {
-    const omu_PrimType part("Part");
-    const int number = store_.Write(omu_PrimWrapper(4, &part, StrDictionary()));
-    EXPECT_EQ(store_.Read<omu_PrimWrapper>(number).Object(), nullptr);
-    EXPECT_EQ(store_.Read<omu_PrimWrapper>(number).ObjectType(), 4);
-    store_.LastPart(number).Set("members", cls_AttributeType::OBJECT, MemoryReference{0});
-    EXPECT_EQ(store_.Read<omu_PrimWrapper>(number).MemberDictionary().Length(), 0);
+    const omu_QueryPathMsg message(true);
+    const int number = store_.Write(message);
+    EXPECT_EQ(store_.Describe(number), "omu_QueryPathMsg\n  valueIsDelta BOOL true\n");
+    const std::unique_ptr<cls_Persistent> back = store_.Create(number);
+    const auto& read = dynamic_cast<const omu_QueryPathMsg&>(*back);
+    EXPECT_TRUE(read.ValueIsDelta() && read.Uid() == message.Uid());
 }
 
 // A body that is shared is stored once and read once.
@@ -82,143 +96,27 @@ TEST_F(Persistence, SharedItemStaysShared)
     EXPECT_EQ(store_.Count(), 2);
     const auto back = store_.Read<omu_PrimTuple>(number);
     EXPECT_EQ(back[0], back[1]);
-
-    StrDictionary outer;
-    outer.Put("a", *twice);
-    const int first = store_.Write(outer);
-    const int count = store_.Count();
-    const int second = store_.Write(StrDictionary(outer));
-    EXPECT_EQ(store_.Count(), count + 1) << "the second dictionary alone";
-    EXPECT_TRUE(store_.Read<StrDictionary>(first) == store_.Read<StrDictionary>(second));
-}
-
-class Part : public omu_InterfaceObj
-{
-public:
-    Part() { SetTypeDesc(DescribeType("Part", nullptr, nullptr, nullptr, nullptr)); }
-    Part* Copy() const override { return new Part(*this); }
-};
-
-// Nothing could create it again: what holds one is refused, by name, and not written unreadable.
-TEST_F(Persistence, InterfaceObjectIsRefusedWhereverItLies)
-{
-    StrDictionary members;
-    members.Put("part", Part());
-    const char* const refused = "nex_PrimException: Part cannot be stored";
-    EXPECT_ERROR(MemoryStore().Write(TupleOf(1, Part())), refused);
-    EXPECT_ERROR(MemoryStore().Write(TupleOf("x", TupleOf(Part()))), refused);
-    EXPECT_ERROR(MemoryStore().Write(members), refused);
-    EXPECT_ERROR(MemoryStore().Write(omu_PrimWrapper(4, nullptr, members)), refused);
-}
-
-TEST_F(Persistence, ArrayWhoseShapeAndElementsDisagreeIsRefused)
-{
-    const struct
-    {
-        Ints shape, ints;
-        cow_List<double> doubles;
-        const char* message;
-    } rows[] = {{{2, 2}, {1, 2, 3}, {}, "ValueError: array shape holds 4 elements, got 3"},
-                {{2}, {1}, {1.0}, "ValueError: array has elements of more than one type"},
-                {{}, {1}, {}, "ValueError: array must have 1 to 16 dimensions, got 0"},
-                {{-1, -1}, {1}, {}, "ValueError: array dimension must be positive, got -1"}};
-    for (const auto& [shape, ints, doubles, message] : rows)
-    {
-        const int number = store_.Write(omu_PrimArray());
-        MemoryPart& part = store_.LastPart(number);
-        using enum cls_CollectionType;
-        part.Set("m_shape", cls_AttributeType::OBJECT, MemoryList{shape}, LIST_INT);
-        part.Set("m_ints", cls_AttributeType::OBJECT, MemoryList{ints}, LIST_INT);
-        part.Set("m_doubles", cls_AttributeType::OBJECT, MemoryList{doubles}, LIST_DOUBLE);
-        EXPECT_ERROR(store_.Read<omu_PrimArray>(number), message);
-    }
 }
 
 TEST_F(Persistence, NumbersOfEarlierReleasesAreRead)
 {
     using enum DataTypeEnm;
-    const struct
-    {
-        unsigned version;
-        DataTypeEnm dataType;
-        double stored;
-        omu_PrimNumber wanted;
-    } rows[] = {{800, INT, 7.0, omu_PrimNumber(7)},
-                {801, DOUBLE, 2.5, omu_PrimNumber(2.5)},
-                {800, UINT, 4294967295.0, omu_PrimNumber(4294967295u)},
-                {832, UINT, 5.0, omu_PrimNumber(5u)},
-                {834, UINT, 5.0, omu_PrimNumber(5u)},
-                {832, UINT, -5.0, omu_PrimNumber(0u)},
-                {203, SHORT, -3.0, omu_PrimNumber(static_cast<short>(-3))}};
-    for (const auto& [version, dataType, stored, wanted] : rows)
+    for (const auto& [version, dataType, stored, wanted] :
+         {std::tuple(800u, INT, 7.0, omu_PrimNumber(7)),
+          {800u, UINT, 4294967295.0, omu_PrimNumber(4294967295u)},
+          {832u, UINT, -5.0, omu_PrimNumber(0u)},
+          {203u, SHORT, -3.0, omu_PrimNumber(short(-3))}})
     {
         const int number = store_.Write(omu_PrimNumber(0.0));
         MemoryPart& part = store_.LastPart(number);
         part.version = version;
         part.attributes.clear();
         part.Set("value", cls_AttributeType::DOUBLE, stored);
+        part.Set("uvalue", cls_AttributeType::STRING, cow_String("99")); // there was none: it means nothing
         part.Set("dataType", cls_AttributeType::ENUM, omu_PrimEnum<DataTypeEnm, 1>(dataType).GetString());
         const auto read = store_.Read<omu_PrimNumber>(number);
         EXPECT_TRUE(read == wanted) << version << ' ' << read.AsString(0);
         EXPECT_EQ(read.DataType(), wanted.DataType());
-        EXPECT_TRUE(read.IsType(wanted.IsType('i') ? 'i' : 'f'));
-        // There was no unsigned field: what stands under its name means nothing.
-        part.Set("uvalue", cls_AttributeType::STRING, cow_String("99"));
-        EXPECT_TRUE(store_.Read<omu_PrimNumber>(number) == wanted) << version;
     }
-}
-
-TEST_F(Persistence, PresentNumberLayoutReadsOneOfItsFields)
-{
-    const int number = store_.Write(omu_PrimNumber(5u));
-    MemoryPart& part = store_.LastPart(number);
-    part.Set("value", cls_AttributeType::DOUBLE, 9.0);
-    EXPECT_TRUE(store_.Read<omu_PrimNumber>(number) == omu_PrimNumber(5u)) << "the double is 0";
-    for (const char* digits : {"", "-1", "+1", " 1", "1 ", "1.0", "18446744073709551616", "x"})
-    {
-        const std::string message =
-            std::string("ValueError: omu_PrimNumber(const cls_ReadVisitor&) - uvalue not allowed: ") + digits;
-        part.Set("uvalue", cls_AttributeType::STRING, cow_String(digits));
-        EXPECT_ERROR(store_.Read<omu_PrimNumber>(number), message);
-    }
-    part.Set("uvalue", cls_AttributeType::STRING, cow_String("18446744073709551615"));
-    EXPECT_EQ(Text(store_.Read<omu_PrimNumber>(number)), "18446744073709551615");
-    part.Set("dataType", cls_AttributeType::ENUM, cow_String("INT"));
-    EXPECT_TRUE(store_.Read<omu_PrimNumber>(number) == omu_PrimNumber(9)) << "and the unsigned field";
-}
-
-TEST_F(Persistence, AbstractClassesAndDestructorHooks)
-{
-    for (const unsigned typeId :
-         {omu_Primitive::TypeId(), omu_PrimDictionaryBase::TypeId(), omu_PrimSequence::TypeId()})
-    {
-        EXPECT_TRUE(Registrar().Find(typeId)->Adapter()->IsAbstract());
-        EXPECT_EQ(Registrar().Find(typeId)->Version(), typeId == omu_Primitive::TypeId() ? 514u : 800u);
-    }
-    EXPECT_NE(Registrar().Find(omu_Primitive::TypeId())->Dtor(), nullptr);
-    Registrar().FindDtor(omu_PrimBoolean::TypeId())(new omu_PrimBoolean(true));
-    Registrar().FindDtor(omu_PrimEnumBase::TypeId())(new omu_PrimEnumBase("ON"));
-    Registrar().FindDtor(omu_PrimString::TypeId())(static_cast<omu_Primitive*>(new omu_PrimString("text")));
-}
-
-std::string Declared(void (*declare)(cls_ClassRegistrar&), unsigned typeId)
-{
-    cls_ClassRegistrar registrar;
-    declare(registrar);
-    const cls_ClassMetadata* meta = registrar.Find(typeId);
-    std::string text = std::string(meta->Name().View()) + " " + std::to_string(meta->Version());
-    for (const cls_Attribute& attribute : meta->Attributes())
-        text += " " + std::string(attribute.name.View()) + "/" + std::to_string(unsigned(attribute.type));
-    return text;
-}
-
-TEST(OldLayouts, AreDeclared)
-{
-    EXPECT_EQ(Declared(&omu_PrimNumber_800::InitializeMetadata, omu_PrimNumber_800::TypeId()),
-              "omu_PrimNumber 800 value/10 dataType/14");
-    EXPECT_EQ(Declared(&omu_PrimNumber_832::InitializeMetadata, omu_PrimNumber_832::TypeId()),
-              "omu_PrimNumber 832 value/10 dataType/14");
-    EXPECT_EQ(Declared(&omu_PrimEnumBase_1::InitializeMetadata, omu_PrimEnumBase_1::TypeId()),
-              "omu_PrimEnum 1 stringValue/11");
 }
 }

@@ -10,6 +10,7 @@ import atexit, builtins, contextlib, os, sys, threading, time
 LATE = []
 atexit.register(lambda: [late() for late in LATE])  # before orvex registers its own: so it runs after the stop
 import orvex, orvex_sample, orvex_testing
+assert "numpy" not in sys.modules
 
 def daemon(work):
     threading.Thread(target=work, daemon=True).start()
@@ -30,27 +31,18 @@ class Loud:
 """
 
 ENDINGS = {
-    "nothing": ("", ""),
-    "a call that runs on": ("daemon(orvex.nap); time.sleep(0.1)", ""),
     "calls without end": ("[forever(orvex.nap) for _ in range(4)]; time.sleep(0.05)", ""),
-    "calls into Python": ("[forever(lambda: orvex.text([Loud] * 50)) for _ in range(4)]; time.sleep(0.05)", ""),
     "callbacks on threads of the library": (
         "quiet = type('Q', (), {'__repr__': Loud.__repr__})()\n"
-        "[forever(lambda: orvex.textOnThread(quiet)) for _ in range(4)]; time.sleep(0.05)",
-        "",
-    ),
+        "[forever(lambda: orvex.textOnThread(quiet)) for _ in range(4)]; time.sleep(0.05)", ""),
     "references let go on threads": (
-        "forever(lambda: (orvex.keep(object()), orvex.dropOnThread())); time.sleep(0.05)",
-        "",
-    ),
-    "a value that the library keeps": ("orvex.keep([Loud()])", ""),
+        "forever(lambda: (orvex.keep(object()), orvex.dropOnThread())); time.sleep(0.05)", ""),
     "values that outlive the stop": (
         "builtins.kept = [orvex.mdb.models['M'], orvex.mdb.models.keys, orvex.Array([1]), orvex.Type('Part'),\n"
         "                 orvex.SymbolicConstant('X'), orvex.expression(1), orvex.echo, Loud()]\n"
         "LATE.append(lambda: print([repr(v) for v in builtins.kept[:-1]], builtins.kept[0] == 1, flush=True))",
         "[\"mdb.models['M']\", '<method keys of mdb.models>', \"Array([1], 'i')\", \"Type('Part')\", 'X', '1', "
-        "'<command echo>'] False\ngone ",
-    ),
+        "'<command echo>'] False\ngone "),
     "calls after the stop": (
         "def late():\n"
         "    for call in (lambda: orvex.echo(1), lambda: orvex.mdb, lambda: model.name, lambda: echo([Loud()])):\n"
@@ -60,33 +52,15 @@ ENDINGS = {
         "            print(error, flush=True)\n"
         "model, echo = orvex.mdb.models['M'], orvex.echo\n"
         "LATE.append(late)",
-        "the interpreter is exiting; no call can begin\n" * 3 + "gone the interpreter is exiting; no call can begin\n",
-    ),
+        "the interpreter is exiting; no call can begin\n" * 3 + "gone the interpreter is exiting; no call can begin\n"),
     "a fork beside a call": (
-        "daemon(orvex.nap); time.sleep(0.1)\nchild = os.fork()\nif child:\n    assert os.waitpid(child, 0)[1] == 0",
-        "",
-    ),
-    "an exception nobody catches": (
-        "sys.excepthook = lambda *raised: print(raised[1])\norvex.five()",
-        "not all required arguments specified; expected 5, got 0\n",
-    ),
+        "daemon(orvex.nap); time.sleep(0.1)\nchild = os.fork()\nif child: assert os.waitpid(child, 0)[1] == 0", ""),
 }
 
 
 @pytest.mark.parametrize("ending", ENDINGS)
 def test_ends_well(ending):
     code, output = ENDINGS[ending]
-    run = subprocess.run(
-        [sys.executable, "-X", "faulthandler", "-c", COMMON + code], capture_output=True, text=True, timeout=60
-    )
-    assert (run.stderr, run.returncode) == ("", int("nobody" in ending))
-    if "calls into" not in ending:
-        assert run.stdout == output
-
-
-def test_importing_is_quick():
-    command = [sys.executable, "-X", "importtime", "-c", "import orvex"]
-    run = subprocess.run(command, capture_output=True, text=True)
-    whole = [line for line in run.stderr.splitlines() if line.endswith("| orvex")]
-    # Meant are 100 ms, taken are 20; a machine that is busy with other tests may take a while.
-    assert int(whole[0].split("|")[1]) < 1_000_000
+    run = subprocess.run([sys.executable, "-X", "faulthandler", "-c", COMMON + code], capture_output=True, text=True,
+                         timeout=60)
+    assert (run.stderr, run.returncode, run.stdout) == ("", 0, output)

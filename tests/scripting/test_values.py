@@ -53,18 +53,18 @@ def filled(code, numbers):
     return shapes.flatmap(fill)
 
 
-arrays = filled("i", st.integers(-(2**31), 2**31 - 1)) | filled(
-    "d", st.floats(allow_nan=False, allow_infinity=False)
-)
-scalars = st.none() | st.booleans() | ints | st.complex_numbers() | texts | names.map(orvex.SymbolicConstant)
-values = st.recursive(
-    scalars | st.floats() | arrays | names.map(orvex.Type) | st.binary() | st.lists(texts).map(orvex.Path),
-    lambda inner: st.lists(inner, max_size=4)
-    | st.lists(inner, max_size=4).map(tuple)
-    | st.dictionaries(texts, inner, max_size=4)
-    | st.dictionaries(st.integers(-(2**31), 2**31 - 1), inner, max_size=4),
-    max_leaves=20,
-)
+def trees(leaves, keys):
+    return st.recursive(
+        leaves | arrays | names.map(orvex.SymbolicConstant),
+        lambda inner: st.lists(inner, max_size=4) | st.lists(inner, max_size=4).map(tuple) | st.one_of(
+            [st.dictionaries(key, inner, max_size=4) for key in keys]), max_leaves=15)
+
+
+finite = st.floats(allow_nan=False, allow_infinity=False)
+arrays = filled("i", st.integers(-(2**31), 2**31 - 1)) | filled("d", finite)
+plain = st.none() | st.booleans() | ints | texts
+values = trees(plain | st.floats() | st.complex_numbers() | names.map(orvex.Type) | st.binary()
+               | st.lists(texts).map(orvex.Path), [texts, st.integers(-(2**31), 2**31 - 1)])
 
 
 @settings(deadline=None)
@@ -75,57 +75,19 @@ def test_keep_type_and_value(value):
     assert same(pickle.loads(pickle.dumps(echo(value))), value)
 
 
-finite = st.floats(allow_nan=False, allow_infinity=False)
-plain = st.recursive(
-    st.none()
-    | st.booleans()
-    | ints
-    | finite
-    | texts
-    | arrays
-    | names.map(orvex.SymbolicConstant)
-    | st.builds(complex, finite, finite),
-    lambda inner: st.lists(inner, max_size=3)
-    | st.lists(inner, max_size=3).map(tuple)
-    | st.dictionaries(texts, inner, max_size=3),
-    max_leaves=10,
-)
+class Constants(dict):
+    """The names that are constants, of the module or not."""
+
+    def __missing__(self, name):
+        if not name.isupper():
+            raise KeyError(name)
+        return orvex.SymbolicConstant(name)
 
 
 @settings(deadline=None)
-@given(plain)
+@given(trees(plain | finite | st.builds(complex, finite, finite), [texts]))
 def test_repr_evaluates_to_the_value(value):
-    # A constant need not be one of the table's: those made here alone are not among the module's names.
-    names_here = {**vars(orvex), **NamesAsConstants.of(value)}
-    assert same(eval(repr(echo(value)), names_here), value)
-
-
-class NamesAsConstants(dict):
-    @classmethod
-    def of(cls, value):
-        if isinstance(value, orvex.SymbolicConstant):
-            return {value.name: value}
-        inner = value.values() if isinstance(value, dict) else value if isinstance(value, (list, tuple)) else ()
-        return {name: found for item in inner for name, found in cls.of(item).items()}
-
-
-@pytest.mark.parametrize(
-    "value, text, kind",
-    [
-        (2**31 - 1, "2147483647", "int"),
-        (2**32 - 1, "4294967295", "int"),
-        (True, "True", "Boolean"),
-        (1e5, "100000.0", "float"),
-        ([1, (2.0, None)], "[1, (2.0, None)]", "list"),
-        ({}, "{}", "dictionary"),
-        ({3: "x"}, "{3: 'x'}", "dictionary"),
-        (array.array("f", [1.5]), "(1.5,)", "array"),
-        (orvex.Path(["mdb", "models"]), "'mdb.models'", "path"),
-        (b"\0", "b'\\x00'", "bytes"),
-    ],
-)
-def test_are_what_the_library_calls_them(value, text, kind):
-    assert (orvex.text(value), orvex.typeText(value)) == (text, kind)
+    assert same(eval(repr(echo(value)), vars(orvex), Constants()), value)
 
 
 def nested(levels):
@@ -135,36 +97,18 @@ def nested(levels):
     return value
 
 
-def endless(make):
-    value = make()
-    value.append(value)
-    return value
-
-
-@pytest.mark.parametrize(
-    "value, error, message",
-    [
-        (2**32, OverflowError, "integer out of range; it must be -2147483648 to 4294967295"),
-        (-(2**31) - 1, OverflowError, "integer out of range; it must be -2147483648 to 4294967295"),
-        ([10**5000], OverflowError, "integer out of range; it must be -2147483648 to 4294967295"),
-        ({1.5: 0}, TypeError, "dictionary key 1.5 is of type float" + MIXED),
-        ({"a": 0, 1: 0}, TypeError, "dictionary key 1 is of type int" + MIXED),
-        ({1: 0, "a": 0}, TypeError, "dictionary key 'a' is of type str" + MIXED),
-        ({True: 0}, TypeError, "dictionary key True is of type bool" + MIXED),
-        ({2**31: 0}, OverflowError, "dictionary key 2147483648 is out of range; " + INT_RANGE),
-        (array.array("q", [2**31]), OverflowError, "array element 2147483648 is out of range; " + INT_RANGE),
-        (nested(201), OverflowError, TOO_DEEP),
-        (endless(list), OverflowError, TOO_DEEP),
-    ],
-)
+@pytest.mark.parametrize("value, error, message", [
+    (2**32, OverflowError, "integer out of range; it must be -2147483648 to 4294967295"),
+    ({1.5: 0}, TypeError, "dictionary key 1.5 is of type float" + MIXED),
+    ({"a": 0, 1: 0}, TypeError, "dictionary key 1 is of type int" + MIXED),
+    ({2**31: 0}, OverflowError, "dictionary key 2147483648 is out of range; " + INT_RANGE),
+    (array.array("q", [2**31]), OverflowError, "array element 2147483648 is out of range; " + INT_RANGE),
+    (nested(201), OverflowError, TOO_DEEP),
+    ("\ud800", UnicodeEncodeError, None)])
 def test_are_refused(value, error, message):
     with pytest.raises(error) as raised:
         echo(value)
-    assert str(raised.value) == message
-    assert isinstance(raised.value, orvex.Error)
-
-
-def test_may_be_as_deep_as_stated():
+    assert message is None or (str(raised.value) == message and isinstance(raised.value, orvex.Error))
     assert echo(nested(200)) == nested(200)
 
 
@@ -176,12 +120,7 @@ def test_shared_lists_do_not_unfold_into_all_memory():
         echo(value)
 
 
-def test_a_surrogate_that_stands_for_no_byte():
-    with pytest.raises(UnicodeEncodeError):
-        echo("\ud800")
-
-
-@pytest.mark.parametrize("value", [bytearray(b"ab"), {1, 2}, object(), ValueError("x"), range(3)])
+@pytest.mark.parametrize("value", [bytearray(b"ab"), {1, 2}, object()])
 def test_other_objects_come_back_as_themselves(value):
     assert echo(value) is value
     assert echo([{"a": value}])[0]["a"] is value
@@ -195,20 +134,14 @@ def test_the_library_asks_the_objects():
         def __eq__(self, other):
             raise LookupError("not now")
 
-    assert orvex.text([Odd()]) == "[<odd>]"
-    assert orvex.textOnThread(Odd()) == "<odd>"
-    assert orvex.equal(bytearray(b"x"), bytearray(b"x")) == 1
-    with pytest.raises(LookupError, match="not now") as raised:
+    assert (orvex.text([Odd()]), orvex.textOnThread(Odd())) == ("[<odd>]", "<odd>")
+    with pytest.raises(LookupError, match="not now"):
         orvex.equal(Odd(), Odd())
-    assert type(raised.value) is LookupError
 
 
 @pytest.mark.parametrize("let_go", [lambda: orvex.keep(0), orvex.dropOnThread], ids=["here", "on a thread"])
 def test_references_are_released(let_go):
-    class Watched:
-        pass
-
-    watched = Watched()
+    watched = type("Watched", (), {})()
     seen = weakref.ref(watched)
     orvex.keep([watched])
     del watched
@@ -222,7 +155,7 @@ def test_values_without_a_python_class():
     assert (repr(value), value.type, type(value)) == ("1", "expression", orvex.Value)
     assert echo(value) == value != orvex.expression(2)
     failed = orvex.failure()
-    assert isinstance(failed, orvex.RangeError) and failed.keyword == "n"
+    assert isinstance(failed, orvex.OrvexError) and failed.value == "plain words"
 
 
 @pytest.mark.parametrize("code", "bBhHiIlLqQfd")
@@ -243,31 +176,6 @@ def test_numpy():
     assert echo(numpy.array([0.5, 2], dtype="e")).tolist() == [0.5, 2.0]
     assert echo(numpy.zeros((0, 3))).shape == (0,)
     assert same(echo(numpy.int64(3)), 3) and same(echo(numpy.float64(3)), 3.0)
-    strange = numpy.array(["a"])
-    assert echo(strange) is strange
-    assert numpy.asarray(orvex.Array([[1.5]])).tolist() == [[1.5]]
-
-
-@pytest.mark.parametrize(
-    "values, format, error",
-    [
-        ([[1], [2, 3]], None, orvex.ValueError),
-        ([1, [2]], None, orvex.ValueError),
-        ([[1], 2], None, orvex.ValueError),
-        ([[], [1]], None, orvex.ValueError),
-        ([1.5], "i", orvex.TypeError),
-        (["a"], None, orvex.TypeError),
-        (7, None, orvex.TypeError),
-        ([2**31], None, orvex.OverflowError),
-        ([10**400], None, orvex.OverflowError),
-        ([1], "q", orvex.ValueError),
-        (nested(40), None, orvex.ValueError),
-        (endless(list), None, orvex.ValueError),
-    ],
-)
-def test_what_is_no_array(values, format, error):
-    with pytest.raises(error):
-        orvex.Array(values, format)
 
 
 @given(arrays, st.lists(st.integers(), max_size=4))
@@ -287,18 +195,6 @@ def test_items_of_arrays(value, indices):
     assert value[1:].tolist() == (value.tolist()[1:] or [])
 
 
-@pytest.mark.parametrize("cls", [orvex.SymbolicConstant, orvex.Array, orvex.Object, orvex.Type])
-def test_objects_whose_initialisation_was_skipped(cls):
-    with pytest.raises(TypeError):
-        echo(cls.__new__(cls))
-
-
-@pytest.mark.parametrize("cls", [orvex.Command, orvex.Method, orvex.Value, orvex.Object])
-def test_classes_that_nobody_makes(cls):
-    with pytest.raises(TypeError):
-        cls()
-
-
 def test_values_do_not_leak():
     def traffic():
         for _ in range(200):
@@ -310,9 +206,3 @@ def test_values_do_not_leak():
     before = sys.getallocatedblocks()
     traffic()
     assert sys.getallocatedblocks() - before < 100
-
-
-def test_boolean_constants_are_there_from_the_start() -> None:
-    from orvex import FALSE, NO, OFF, ON, TRUE, YES
-
-    assert [str(constant) for constant in (ON, OFF, TRUE, FALSE, YES, NO)] == "ON OFF TRUE FALSE YES NO".split()

@@ -12,30 +12,10 @@ are attributes of this module under the names that the application registers::
 Importing starts the library, the interpreter's exit stops it.
 """
 
-from __future__ import annotations
+from typing import Any as _Any
 
-from typing import Any
-
-from . import _errors, _orvex
-from ._errors import (
-    AccessError,
-    AttributeError,
-    ColorError,
-    Error,
-    FontError,
-    GuiAccessError,
-    IndexError,
-    KeyError,
-    MementoError,
-    NameError,
-    OrvexError,
-    OrvexNameError,
-    OverflowError,
-    RangeError,
-    TypeError,
-    ValueError,
-    ZeroDivisionError,
-)
+from . import _orvex
+from ._errors import *
 from ._orvex import Array, Command, Method, Object, Path, SymbolicConstant, Type, Value
 from ._travel import MeshError, TravelResult, travel
 
@@ -64,7 +44,7 @@ __all__ = [
 ]
 
 
-def __getattr__(name: str) -> Any:
+def __getattr__(name: str) -> _Any:
     """A root, a command or a symbolic constant, as they are registered at that moment."""
     return _orvex.look_up(name)
 

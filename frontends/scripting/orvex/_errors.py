@@ -6,10 +6,9 @@ message; what the message was made of stands in attributes (``keyword``, ``expec
 ``nestingStr``, ``errorType``, ``value`` ...), which differ from error to error.
 """
 
-from __future__ import annotations
-
-import builtins
-from typing import TYPE_CHECKING, Any
+# The names of this file that are no errors begin with "_": the package takes all others as its own.
+import builtins as _builtins
+import typing as _typing
 
 
 class Error(Exception):
@@ -19,9 +18,9 @@ class Error(Exception):
         # KeyError's own would quote the message.
         return str(self.args[0]) if len(self.args) == 1 else Exception.__str__(self)
 
-    if TYPE_CHECKING:
+    if _typing.TYPE_CHECKING:
 
-        def __getattr__(self, name: str) -> Any:
+        def __getattr__(self, name: str) -> _typing.Any:
             """The fields, which differ from error to error."""
 
 
@@ -29,7 +28,7 @@ class AccessError(Error):
     """The object behind a handle is gone; the message is the path."""
 
 
-class AttributeError(Error, builtins.AttributeError):
+class AttributeError(Error, _builtins.AttributeError):
     """An object has no such attribute, or it is read-only."""
 
 
@@ -45,11 +44,11 @@ class GuiAccessError(Error):
     """Something that only a graphical session offers."""
 
 
-class IndexError(Error, builtins.IndexError):
+class IndexError(Error, _builtins.IndexError):
     """An index outside its sequence."""
 
 
-class KeyError(Error, builtins.KeyError):
+class KeyError(Error, _builtins.KeyError):
     """A key that a dictionary does not have."""
 
 
@@ -57,7 +56,7 @@ class MementoError(Error):
     """Stored data that cannot be read."""
 
 
-class NameError(Error, builtins.NameError):
+class NameError(Error, _builtins.NameError):
     """A name that is not defined."""
 
 
@@ -69,49 +68,30 @@ class OrvexNameError(Error):
     """A name that objects of the application cannot have."""
 
 
-class OverflowError(Error, builtins.OverflowError):
+class OverflowError(Error, _builtins.OverflowError):
     """A number or a length beyond what can be held."""
 
 
-class RangeError(Error, builtins.ValueError):
+class RangeError(Error, _builtins.ValueError):
     """A number outside the limits of its argument."""
 
 
-class TypeError(Error, builtins.TypeError):
+class TypeError(Error, _builtins.TypeError):
     """Arguments of a wrong type or number."""
 
 
-class ValueError(Error, builtins.ValueError):
+class ValueError(Error, _builtins.ValueError):
     """A value of the right type that is not allowed."""
 
 
-class ZeroDivisionError(Error, builtins.ZeroDivisionError):
+class ZeroDivisionError(Error, _builtins.ZeroDivisionError):
     """A division by zero."""
 
 
-#: By the name of the scripting language's error type.
-CLASSES: dict[str, type[Error]] = {
-    cls.__name__: cls
-    for cls in (
-        Error,
-        AccessError,
-        AttributeError,
-        ColorError,
-        FontError,
-        GuiAccessError,
-        IndexError,
-        KeyError,
-        MementoError,
-        NameError,
-        OrvexError,
-        OrvexNameError,
-        OverflowError,
-        RangeError,
-        TypeError,
-        ValueError,
-        ZeroDivisionError,
-    )
+#: By the name of the scripting language's error type: every class of this file.
+_CLASSES: dict[str, type[Error]] = {
+    name: cls for name, cls in globals().items() if isinstance(cls, type) and issubclass(cls, Error)
 }
-for _cls in CLASSES.values():
+for _cls in _CLASSES.values():
     _cls.__module__ = "orvex"
 del _cls

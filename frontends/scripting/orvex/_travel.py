@@ -2,7 +2,6 @@
 
 from __future__ import annotations
 
-import builtins
 import collections.abc
 import os
 import sys
@@ -15,7 +14,7 @@ _Mesh = Union[str, "os.PathLike[str]", "tuple[Any, Any]", "list[Any]"]
 _Point = tuple[float, float, float]
 
 
-class MeshError(_errors.Error, builtins.ValueError):
+class MeshError(_errors.Error, ValueError):
     """A mesh cannot be used: what is in a file is wrong, or what is in the arrays.
 
     file is the file's name, or "fixed" or "movable" for arrays; line (from 1) or byte (from 0) is the place in

@@ -1,12 +1,21 @@
 #include <KTLOxuMdl.h>
 #include <mdl_ArchEntry.h>
+#include <mdl_Extension.h>
+#include <mdl_Repository.h>
 #include <oxu_Component.h>
+#include <oxu_DeclareClasses.h>
 #include <oxu_StartCounter.h>
 #include <typ_ArchCompTable.h>
 
 namespace
 {
 constinit oxu_StartCounter called;
+
+// In the order of the start-up log: a new class has its place.
+constexpr oxu_ClassDeclaration CLASSES[] = {
+    {&mdl_Extension::InitializeMetadata, 7},
+    {&mdl_Repository::InitializeMetadata, 7},
+};
 }
 
 void KTLOxuMdl_initialize(int& running)
@@ -14,6 +23,7 @@ void KTLOxuMdl_initialize(int& running)
     if (!called.Start(running))
         return;
     typ_ArchCompTable::InsertEntry(oxu_MDL, mdl_ArchEntry());
+    oxu_DeclareClasses(CLASSES);
 }
 
 void KTLOxuMdl_finalize(int& running)

@@ -1,37 +1,21 @@
 // Read by the compiler for its dump of classes, never linked. An abstract class shows empty slots in place of
 // names, so each has a class here that fills them; overloads are told apart by filling one of them alone.
 
-#include <g3d_ColorErrorException.h>
+#include <annC_AnnotationClient.h>
+#include <annC_AnnotationContainer.h>
+#include <annC_Arrow.h>
+#include <annC_ViewportAnchor.h>
 #include <gsl_ModOctreeNode.h>
 #include <gsl_TriOctreeNode.h>
 #include <gsl_TriTriDirDist.h>
 #include <nex_PrimException.h>
-#include <omu_AccessErrorException.h>
-#include <omu_ArgNumberErrorException.h>
-#include <omu_ArgTypeErrorException.h>
-#include <omu_Arguments.h>
-#include <omu_AttributeErrorException.h>
-#include <omu_FontErrorException.h>
-#include <omu_GenericTypeErrorException.h>
-#include <omu_GuiAccessErrorException.h>
 #include <omu_IdSeqIntObj.h>
-#include <omu_IndexErrorException.h>
 #include <omu_InterfaceObj.h>
 #include <omu_KeyErrorException.h>
 #include <omu_KeywordErrorException.h>
-#include <omu_KeywordTypeErrorException.h>
-#include <omu_ListPyObjectWrapper.h>
-#include <omu_NameErrorException.h>
-#include <omu_OrvNameErrorException.h>
-#include <omu_OverflowErrorException.h>
-#include <omu_PrimArray.h>
+#include <omu_PrimDictionary.h>
 #include <omu_PrimEnumBase.h>
-#include <omu_PrimNumber.h>
 #include <omu_PrimString.h>
-#include <omu_PyOrvexException.h>
-#include <omu_RangeErrorException.h>
-#include <omu_ValueErrorException.h>
-#include <omu_ZeroDivisionErrorException.h>
 #include <wip_ProgressObj.h>
 #include <wip_WIP.h>
 #include <wip_WipReporter.h>
@@ -43,14 +27,6 @@ public:
     SlotsOfCommandException* Copy() const override;
     cow_String JournalMessage() const override;
     const char* PythonType() const override;
-};
-
-class SlotsOfTypeError : public omu_TypeErrorException
-{
-public:
-    [[noreturn]] void Propagate() const override;
-    SlotsOfTypeError* Copy() const override;
-    cow_String JournalMessage() const override;
 };
 
 class SlotsOfPrimitive : public omu_Primitive
@@ -96,4 +72,17 @@ public:
     bool Interrupted() override;
     void InterruptedThrow() override;
     void CommandDone() override;
+};
+
+class SlotsOfAnchor : public annC_Anchor
+{
+public:
+    SlotsOfAnchor* Copy() const override;
+};
+
+class SlotsOfAnnotation : public annC_Annotation
+{
+public:
+    SlotsOfAnnotation* Copy() const override;
+    void Translate(double dx, double dy) override;
 };

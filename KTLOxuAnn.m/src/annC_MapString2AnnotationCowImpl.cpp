@@ -1,0 +1,196 @@
+#include <annC_MapString2AnnotationCowImpl.h>
+#include <cls_ReadVisitor.h>
+#include <cls_WriteVisitor.h>
+#include <cow_Map.h>
+#include <nex_Raise.h>
+
+annC_MapString2AnnotationCowImpl::annC_MapString2AnnotationCowImpl(
+    const annC_MapString2AnnotationCowImpl& other)
+    : list_(other.list_), nextId_(other.nextId_)
+{
+    for (Node* node = list_.GetFirst(); node != nullptr; node = list_.GetNext(node))
+    {
+        byName_.Insert(node->pair.name, node);
+        byId_.Insert(node->id, node);
+    }
+}
+
+annC_MapString2AnnotationCowImpl::annC_MapString2AnnotationCowImpl(const cls_ReadVisitor& reader,
+                                                                   const cls_FieldHandle& field)
+{
+    cow_List<cow_String> names;
+    cow_List<annC_AnnotationCow> annotations;
+    reader.ReadSharedMap(field, names, annotations);
+    for (int i = 0; i < names.Length(); ++i)
+        if (!annotations.Get(i).IsNull() && !IsMember(names.Get(i)))
+            Enter(list_.InsertBefore(nullptr, {names.Get(i), annotations.Get(i)}, nextId_++));
+}
+
+void annC_MapString2AnnotationCowImpl::PushFront(const cow_String& name, const annC_AnnotationCow& annotation)
+{
+    const annC_PairStringAnnotation pair{name, annotation};
+    static_cast<void>(Remove(name));
+    Enter(list_.InsertAfter(nullptr, pair, nextId_++));
+}
+
+bool annC_MapString2AnnotationCowImpl::ChangeKey(const cow_String& from, const cow_String& to)
+{
+    Node* node = NodeOf(from);
+    if (node == nullptr)
+        return false;
+    if (node->pair.name == to)
+        return true;
+    const cow_String name = to;
+    static_cast<void>(Remove(name));
+    byName_.Insert(name, node);
+    byName_.Remove(node->pair.name);
+    node->pair.name = name;
+    return true;
+}
+
+bool annC_MapString2AnnotationCowImpl::MoveBefore(const cow_String& name, const cow_String& other)
+{
+    Node* node = NodeOf(name);
+    Node* at = NodeOf(other);
+    if (node == nullptr || at == nullptr)
+        return false;
+    list_.MoveBefore(node, at);
+    return true;
+}
+
+bool annC_MapString2AnnotationCowImpl::MoveAfter(const cow_String& name, const cow_String& other)
+{
+    Node* node = NodeOf(name);
+    Node* at = NodeOf(other);
+    if (node == nullptr || at == nullptr)
+        return false;
+    list_.MoveAfter(node, at);
+    return true;
+}
+
+bool annC_MapString2AnnotationCowImpl::Remove(const cow_String& name)
+{
+    Node* node = NodeOf(name);
+    if (node == nullptr)
+        return false;
+    byId_.Remove(node->id);
+    byName_.Remove(name);
+    list_.Remove(node);
+    return true;
+}
+
+void annC_MapString2AnnotationCowImpl::Clear() noexcept
+{
+    byName_.Clear();
+    byId_.Clear();
+    list_.Clear();
+}
+
+int annC_MapString2AnnotationCowImpl::GetId(const cow_String& name) const
+{
+    const Node* node = NodeOf(name);
+    return node != nullptr ? node->id : -1;
+}
+
+const cow_String& annC_MapString2AnnotationCowImpl::GetKey(unsigned index) const
+{
+    const Node* node = list_.At(index);
+    if (node == nullptr)
+        nex_RaiseRange(index, Size());
+    return node->pair.name;
+}
+
+int annC_MapString2AnnotationCowImpl::IndexOf(const cow_String& name) const
+{
+    const Node* node = NodeOf(name);
+    return node != nullptr ? static_cast<int>(list_.IndexOf(node)) : -1;
+}
+
+cow_List<cow_String> annC_MapString2AnnotationCowImpl::Keys() const
+{
+    cow_List<cow_String> names;
+    names.Reserve(static_cast<int>(Size()));
+    for (const Node* node = list_.GetFirst(); node != nullptr; node = list_.GetNext(node))
+        names.Append(node->pair.name);
+    return names;
+}
+
+annC_Annotation* annC_MapString2AnnotationCowImpl::Get(int id)
+{
+    return Taken(NodeOf(id));
+}
+
+annC_Annotation* annC_MapString2AnnotationCowImpl::Get(const cow_String& name)
+{
+    return Taken(NodeOf(name));
+}
+
+const annC_Annotation* annC_MapString2AnnotationCowImpl::ConstGet(int id) const
+{
+    return Seen(NodeOf(id));
+}
+
+const annC_Annotation* annC_MapString2AnnotationCowImpl::ConstGet(const cow_String& name) const
+{
+    return Seen(NodeOf(name));
+}
+
+const cow_String* annC_MapString2AnnotationCowImpl::GetNext(const cow_String& name) const
+{
+    const Node* node = NodeOf(name);
+    return node != nullptr ? NameOf(list_.GetNext(node)) : nullptr;
+}
+
+const cow_String* annC_MapString2AnnotationCowImpl::GetPrevious(const cow_String& name) const
+{
+    const Node* node = NodeOf(name);
+    return node != nullptr ? NameOf(list_.GetPrevious(node)) : nullptr;
+}
+
+void annC_MapString2AnnotationCowImpl::DBWrite(const cls_WriteVisitor& writer,
+                                               const cls_FieldHandle& field) const
+{
+    cow_Map<cow_String, annC_AnnotationCow> entries;
+    entries.Reserve(static_cast<int>(Size()));
+    for (const Node* node = list_.GetFirst(); node != nullptr; node = list_.GetNext(node))
+        entries.Insert(node->pair.name, node->pair.annotation);
+    writer.WriteSharedMap(field, entries);
+}
+
+annC_MapString2AnnotationCowImpl::Node* annC_MapString2AnnotationCowImpl::NodeOf(const cow_String& name) const
+{
+    Node* const* node = byName_.Find(name);
+    return node != nullptr ? *node : nullptr;
+}
+
+annC_MapString2AnnotationCowImpl::Node* annC_MapString2AnnotationCowImpl::NodeOf(int id) const
+{
+    Node* const* node = byId_.Find(id);
+    return node != nullptr ? *node : nullptr;
+}
+
+const annC_Annotation* annC_MapString2AnnotationCowImpl::Seen(const Node* node)
+{
+    return node != nullptr ? node->pair.annotation.AsPtr() : nullptr;
+}
+
+annC_Annotation* annC_MapString2AnnotationCowImpl::Taken(Node* node)
+{
+    return node != nullptr ? &node->pair.annotation.Get() : nullptr;
+}
+
+/// Enters a node of the list into both indexes; on an exception the node is gone.
+void annC_MapString2AnnotationCowImpl::Enter(Node* node)
+{
+    try
+    {
+        byName_.Insert(node->pair.name, node);
+        byId_.Insert(node->id, node);
+    }
+    catch (...)
+    {
+        byName_.Remove(node->pair.name);
+        list_.Remove(node);
+        throw;
+    }
+}

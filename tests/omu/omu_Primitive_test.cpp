@@ -100,6 +100,7 @@ const std::vector<Kind>& Kinds()
 
 TEST(Kinds, EqualThemselvesAlone)
 {
+    const StartGuard<KTLOxuOmu_initialize, KTLOxuOmu_finalize> running; // classes know their bases from there
     for (const Kind& kind : Kinds())
     {
         SCOPED_TRACE(kind.text);

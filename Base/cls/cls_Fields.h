@@ -11,6 +11,9 @@ struct cls_Field
     const char* name;
     M T::*member;
 };
+// clang deduces an aggregate's arguments by itself from version 17 on.
+template <class T, class M>
+cls_Field(const char*, M T::*) -> cls_Field<T, M>;
 
 /// The attributes of a class, listed once for its metadata, its reader and its writer:
 ///

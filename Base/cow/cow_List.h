@@ -47,6 +47,16 @@ public:
         return list;
     }
 
+    /// The items from `first` to `last`, forward iterators, whose count fits into an int.
+    template <class I>
+    static cow_List FromRange(I first, I last)
+    {
+        cow_List list;
+        if (first != last)
+            list.items_ = cow_Shared<Items>(Items(first, last));
+        return list;
+    }
+
     void Append(const T& item)
     {
         RequireRoom(1);

@@ -34,7 +34,9 @@ Bytes Payload(const T&... values)
 inline void Reseal(Bytes& bytes)
 {
     namespace Format = idb_MementoFormat;
-    const auto put = [&bytes](std::size_t at, const auto& value) { std::memcpy(&bytes[at], &value, sizeof value); };
+    const auto put = [&bytes](std::size_t at, const auto& value) {
+        std::memcpy(&bytes[at], &value, sizeof value);
+    };
     const auto checksum = [&bytes](std::size_t at, std::size_t length) {
         return bio_Crc32c(std::span(bytes).subspan(at, length));
     };
@@ -88,7 +90,8 @@ public:
     void Class(std::uint32_t typeId, const char* name, std::uint32_t version, std::uint32_t parent,
                const std::vector<Declared>& attributes)
     {
-        Add(classes_, typeId, cow_String(name), version, parent, static_cast<std::uint32_t>(attributes.size()));
+        Add(classes_, typeId, cow_String(name), version, parent,
+            static_cast<std::uint32_t>(attributes.size()));
         for (const Declared& one : attributes)
             Add(classes_, cow_String(one.name), one.type, one.typeId, one.collection);
         ++classCount;
@@ -108,7 +111,8 @@ public:
             const Bytes uid(16, part.uid);
             body.Write(part.classIndex);
             body.WriteRaw(uid.data(), uid.size());
-            Add(body, std::uint64_t{inner.Position() + 4}, static_cast<std::uint32_t>(part.attributes.size()));
+            Add(body, std::uint64_t{inner.Position() + 4},
+                static_cast<std::uint32_t>(part.attributes.size()));
             body.WriteRaw(inner.Bytes().data(), inner.Position());
         }
         ++objectCount;

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <bio_Ifilter.h>
+#include <cls_AttributeType.h>
+#include <cls_ReadVisitor.h>
+
+#include <type_traits>
+
+class idb_MementoRead;
+class idb_ObjectFrame;
+struct idb_PartAttribute;
+
+/// The reader of one part of the object in a frame. Its collections come from the memento's factories.
+class idb_PartReader final : public cls_ReadVisitor
+{
+public:
+    idb_PartReader(idb_ObjectFrame& frame, int part) : frame_(frame), part_(part) {}
+
+    unsigned TypeId() const override;
+    unsigned Version() const override;
+    cls_Uid Uid() const override;
+    const cls_ReadVisitor& BaseReader() const override;
+
+    bool ReadBool(const cls_FieldHandle& field, bool& value) const override;
+    bool ReadChar(const cls_FieldHandle& field, char& value) const override;
+    bool ReadInt(const cls_FieldHandle& field, int& value) const override;
+    bool ReadFloat(const cls_FieldHandle& field, float& value) const override;
+    bool ReadDouble(const cls_FieldHandle& field, double& value) const override;
+    bool ReadString(const cls_FieldHandle& field, cow_String& value) const override;
+    bool ReadMessage(const cls_FieldHandle& field, atr_String& value) const override;
+    bool ReadEnum(const cls_FieldHandle& field, cow_String& name) const override;
+
+protected:
+    bool GetObject(const cls_FieldHandle& field, cls_ObjectSink& sink) const override;
+    bool GetList(const cls_FieldHandle& field, const cls_PrimSink& elements, int& columns) const override;
+    bool GetObjectList(const cls_FieldHandle& field, cls_ObjectSink& sink) const override;
+    bool GetMap(const cls_FieldHandle& field, const cls_KeySink& keys,
+                const cls_PrimSink& values) const override;
+    bool GetObjectMap(const cls_FieldHandle& field, const cls_KeySink& keys,
+                      cls_ObjectSink& sink) const override;
+
+private:
+    bool IsNothing() const;
+    /// The attribute, checked for its type, or null.
+    const idb_PartAttribute* Find(const cls_FieldHandle& field, cls_AttributeType type) const;
+    /// The attribute as the memento's current collection; null where it is absent.
+    const idb_PartAttribute* Begin(const cls_FieldHandle& field) const;
+    template <class T>
+    bool ReadSingle(const cls_FieldHandle& field, cls_AttributeType type, T& value) const;
+    /// A collection that a factory gave; null raises, since the factory was asked for `asked`.
+    template <class P>
+    P Given(P reader, const cls_FieldHandle& field, cls_CollectionType asked) const;
+    void RequireSingle(const idb_PartAttribute& attribute, const cls_FieldHandle& field) const;
+    [[noreturn]] void RefuseCollection(const cls_FieldHandle& field, unsigned recorded,
+                                       cls_CollectionType asked) const;
+    template <class K>
+    void RequireDistinct(const cow_List<K>& keys, const cls_FieldHandle& field) const;
+    static void RequireEnd(const bio_Ifilter& in);
+
+    idb_ObjectFrame& frame_;
+    int part_;
+};

@@ -1,0 +1,282 @@
+#include <bio_Ofilter.h>
+#include <cls_ClassMetadata.h>
+#include <cls_MetadataRegistrar.h>
+#include <idb_Fault.h>
+#include <idb_MementoWrite.h>
+#include <idb_PartWriter.h>
+#include <idb_WriteFrame.h>
+
+#include <algorithm>
+
+namespace
+{
+constexpr const char* SOURCE = "KTLOxuIdb.m/src/idb_PartWriter";
+constexpr const char* BASE_AFTER = "idb_PartWriter: a base part is announced or written out of its turn";
+using idb_Fault::Text;
+using Type = cls_AttributeType;
+using Code = cls_CollectionType;
+}
+
+void idb_PartWriter::Reset() const
+{
+    announced_ = false;
+    baseUsed_ = false;
+    opened_ = false;
+}
+
+bool idb_PartWriter::Announce(unsigned typeId, const cls_Uid& uid) const
+{
+    if (announced_)
+        nex_RaiseInternal(BASE_AFTER, SOURCE, __LINE__);
+    if (typeId != typeId_)
+    {
+        classIndex_ = frame_.Memento().ClassIndex(typeId, record_);
+        typeId_ = typeId;
+    }
+    if (index_ > 0)
+    {
+        const cls_ClassMetadata* const derived = frame_.Part(index_ - 1).Record();
+        if (derived->ParentTypeId() != typeId &&
+            !cls_MetadataRegistrar::Instance().Registrar().InheritanceCheck(derived->ParentTypeId(), typeId))
+            idb_Fault::Raise(SOURCE, __LINE__, {.className = derived->Name()}, idb_Fault::WRITE_NO_BASE,
+                             derived->Name(), record_->Name());
+    }
+    announced_ = true;
+    uid_ = uid;
+    return true;
+}
+
+const cls_WriteVisitor& idb_PartWriter::BaseWriter() const
+{
+    if (!announced_ || opened_)
+        nex_RaiseInternal(BASE_AFTER, SOURCE, __LINE__);
+    baseUsed_ = true;
+    return frame_.Part(index_ + 1);
+}
+
+void idb_PartWriter::Open() const
+{
+    if (opened_)
+        return;
+    if (!announced_)
+        nex_RaiseInternal(BASE_AFTER, SOURCE, __LINE__);
+    if (baseUsed_)
+        frame_.Part(index_ + 1).Close();
+    opened_ = true;
+    frame_.SetOpen(this);
+    written_.clear();
+    bio_Ofilter& out = frame_.Stream();
+    const cls_Uid::Bytes uid = uid_.AsBytes();
+    out.Write(classIndex_);
+    out.WriteRaw(uid.data(), uid.size());
+    lengthAt_ = out.Position();
+    out.Write(std::uint64_t{0});
+    out.Write(std::uint32_t{0});
+}
+
+void idb_PartWriter::Close() const
+{
+    if (!announced_)
+        return;
+    Open();
+    bio_Ofilter& out = frame_.Stream();
+    const std::size_t countAt = lengthAt_ + sizeof(std::uint64_t);
+    out.Patch(lengthAt_, static_cast<std::uint64_t>(out.Position() - countAt));
+    out.Patch(countAt, static_cast<std::uint32_t>(written_.size()));
+}
+
+const cls_Attribute& idb_PartWriter::Declared(const cls_FieldHandle& field, cls_AttributeType type) const
+{
+    Open();
+    const std::vector<cls_Attribute>& declared = record_->Attributes();
+    const std::string_view name = field.name;
+    auto place = static_cast<std::size_t>(field.index);
+    if (place >= declared.size() || declared[place].name.View() != name)
+        place = static_cast<std::size_t>(
+            std::find_if(declared.begin(), declared.end(),
+                         [&](const cls_Attribute& attribute) { return attribute.name.View() == name; }) -
+            declared.begin());
+    const idb_Fault::Place where = {.className = record_->Name()};
+    if (place == declared.size())
+        idb_Fault::Raise(SOURCE, __LINE__, where, idb_Fault::NOT_DECLARED, record_->Name(), field.name);
+    if (declared[place].type != type)
+        idb_Fault::Raise(SOURCE, __LINE__, where, idb_Fault::WRITTEN_TYPE, record_->Name(), field.name,
+                         Text(static_cast<unsigned>(type)),
+                         Text(static_cast<unsigned>(declared[place].type)));
+    if (std::find(written_.begin(), written_.end(), place) != written_.end())
+        idb_Fault::Raise(SOURCE, __LINE__, where, idb_Fault::WRITTEN_TWICE, record_->Name(), field.name);
+    written_.push_back(place);
+    return declared[place];
+}
+
+bio_Ofilter& idb_PartWriter::Begin(const cls_FieldHandle& field, cls_AttributeType type) const
+{
+    const cls_Attribute& attribute = Declared(field, type);
+    if (attribute.collection != Code::SINGLE)
+        RequireCollection(attribute, Code::SINGLE);
+    return EmitHead(attribute);
+}
+
+void idb_PartWriter::BeginCollection(const cls_FieldHandle& field, cls_CollectionType asked) const
+{
+    const cls_Attribute& attribute = Declared(field, Type::OBJECT);
+    RequireCollection(attribute, asked);
+    EmitHead(attribute);
+}
+
+void idb_PartWriter::RequireCollection(const cls_Attribute& attribute, cls_CollectionType asked) const
+{
+    if (!frame_.Memento().CheckCollectionType(asked, attribute.name))
+        idb_Fault::Raise(SOURCE, __LINE__, {.className = record_->Name()}, idb_Fault::WRITTEN_COLLECTION,
+                         record_->Name(), attribute.name, Text(static_cast<unsigned>(asked)),
+                         Text(static_cast<unsigned>(attribute.collection)));
+}
+
+bio_Ofilter& idb_PartWriter::EmitHead(const cls_Attribute& attribute) const
+{
+    bio_Ofilter& out = frame_.Stream();
+    out.Write(static_cast<std::uint16_t>(written_.back()));
+    out.Write(static_cast<std::uint16_t>(attribute.type));
+    out.Write(static_cast<std::uint16_t>(attribute.collection));
+    attributeLengthAt_ = out.Position();
+    out.Write(std::uint64_t{0});
+    return out;
+}
+
+void idb_PartWriter::End() const
+{
+    if (const std::unique_ptr<idb_CollectionWriter> collection = std::move(frame_.Collection()))
+        collection->Finish();
+    bio_Ofilter& out = frame_.Stream();
+    const std::size_t begin = attributeLengthAt_ + sizeof(std::uint64_t);
+    out.Patch(attributeLengthAt_, static_cast<std::uint64_t>(out.Position() - begin));
+}
+
+template <class T>
+void idb_PartWriter::WriteSingle(const cls_FieldHandle& field, cls_AttributeType type, const T& value) const
+{
+    Begin(field, type).Write(value);
+    End();
+}
+
+void idb_PartWriter::WriteBool(const cls_FieldHandle& field, bool value) const
+{
+    WriteSingle(field, Type::BOOL, value);
+}
+void idb_PartWriter::WriteChar(const cls_FieldHandle& field, char value) const
+{
+    WriteSingle(field, Type::CHAR, value);
+}
+void idb_PartWriter::WriteInt(const cls_FieldHandle& field, int value) const
+{
+    WriteSingle(field, Type::INT, value);
+}
+void idb_PartWriter::WriteFloat(const cls_FieldHandle& field, float value) const
+{
+    WriteSingle(field, Type::FLOAT, value);
+}
+void idb_PartWriter::WriteDouble(const cls_FieldHandle& field, double value) const
+{
+    WriteSingle(field, Type::DOUBLE, value);
+}
+void idb_PartWriter::WriteString(const cls_FieldHandle& field, const cow_String& value) const
+{
+    frame_.Memento().RequireText(value);
+    WriteSingle(field, Type::STRING, value);
+}
+void idb_PartWriter::WriteMessage(const cls_FieldHandle& field, const atr_String& value) const
+{
+    frame_.Memento().RequireText(value.AsString());
+    WriteSingle(field, Type::MESSAGE, value.AsString());
+}
+void idb_PartWriter::WriteEnum(const cls_FieldHandle& field, const cow_String& name) const
+{
+    frame_.Memento().RequireText(name);
+    WriteSingle(field, Type::ENUM, name);
+}
+
+void idb_PartWriter::PutObject(const cls_FieldHandle& field, const cls_ObjectSource& object) const
+{
+    Open();
+    // The object first: it is written by a frame of its own, and may refuse.
+    const std::uint32_t number = frame_.Memento().Write(object);
+    WriteSingle(field, Type::OBJECT, number);
+}
+
+void idb_PartWriter::PutList(const cls_FieldHandle& field, const cls_PrimSpan& elements, int columns) const
+{
+    BeginCollection(field, cls_ListCode(elements));
+    std::visit(
+        [&]<class T>(const std::span<const T>& values) {
+            if constexpr (std::is_same_v<T, cow_String>)
+                for (const cow_String& text : values)
+                    frame_.Memento().RequireText(text);
+            frame_.Memento().MakeWriteListPrim(T(), columns)->Lend(values);
+        },
+        elements);
+    End();
+}
+
+void idb_PartWriter::PutObjectList(const cls_FieldHandle& field,
+                                   std::span<const cls_ObjectSource> objects) const
+{
+    BeginCollection(field, Code::LIST_OBJ);
+    idb_WriteListObj* const writer = frame_.Memento().MakeWriteListObj();
+    for (const cls_ObjectSource& object : objects)
+        writer->Write(frame_.Memento().Write(object));
+    End();
+}
+
+void idb_PartWriter::PutMap(const cls_FieldHandle& field, const cls_KeySpan& keys,
+                            const cls_PrimSpan& values) const
+{
+    BeginCollection(field, cls_MapCode(keys, values));
+    idb_MementoWrite& memento = frame_.Memento();
+    std::visit(
+        [&]<class K, class T>(const std::span<const K>& allKeys, const std::span<const T>& allValues) {
+            // cls_MapCode has refused bool.
+            if constexpr (!std::is_same_v<T, bool>)
+            {
+                const auto write = [&](auto* writer) {
+                    for (std::size_t i = 0; i < allKeys.size(); ++i)
+                    {
+                        if constexpr (std::is_same_v<K, cow_String>)
+                            memento.RequireText(allKeys[i]);
+                        if constexpr (std::is_same_v<T, cow_String>)
+                            memento.RequireText(allValues[i]);
+                        writer->Write(allKeys[i], allValues[i]);
+                    }
+                };
+                if constexpr (std::is_same_v<K, int>)
+                    write(memento.MakeWriteMapInt2Prim(T()));
+                else
+                    write(memento.MakeWriteMapString2Prim(T()));
+            }
+        },
+        keys, values);
+    End();
+}
+
+void idb_PartWriter::PutObjectMap(const cls_FieldHandle& field, const cls_KeySpan& keys,
+                                  std::span<const cls_ObjectSource> objects) const
+{
+    BeginCollection(field, cls_ObjectMapCode(keys));
+    idb_MementoWrite& memento = frame_.Memento();
+    std::visit(
+        [&]<class K>(const std::span<const K>& allKeys) {
+            const auto write = [&](auto* writer) {
+                for (std::size_t i = 0; i < allKeys.size(); ++i)
+                {
+                    if constexpr (std::is_same_v<K, cow_String>)
+                        memento.RequireText(allKeys[i]);
+                    writer->Write(allKeys[i], memento.Write(objects[i]));
+                }
+            };
+            if constexpr (std::is_same_v<K, int>)
+                write(memento.MakeWriteMapInt2Obj());
+            else
+                write(memento.MakeWriteMapString2Obj());
+        },
+        keys);
+    End();
+}

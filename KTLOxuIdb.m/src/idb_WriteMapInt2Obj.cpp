@@ -1,0 +1,6 @@
+#include <idb_WriteMapInt2Obj.h>
+
+idb_WriteMapInt2Obj::~idb_WriteMapInt2Obj()
+{
+    FinishQuietly();
+}

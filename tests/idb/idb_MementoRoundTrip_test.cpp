@@ -1,0 +1,292 @@
+// Every registered class goes out, comes back, and goes out again byte for byte; what is shared stays shared.
+
+#include <annC_AnnotationContainer.h>
+#include <annC_Arrow.h>
+#include <annC_NamedAnchor.h>
+#include <annC_Point3DAnchor.h>
+#include <annC_Text.h>
+#include <annC_ViewportAnchor.h>
+#include <cls_AdapterBase.h>
+#include <cls_MetadataRegistrar.h>
+#include <cls_PersistentValue.h>
+#include <cow_COW.h>
+#include <g3d_ColorErrorException.h>
+#include <g3d_Point.h>
+#include <g3d_Vector.h>
+#include <gsl_ArrayPoint.h>
+#include <gsl_BBox.h>
+#include <gsl_DotArray.h>
+#include <gsl_DotMethod.h>
+#include <gsl_LineArray.h>
+#include <gsl_ModelSegmentArray.h>
+#include <gsl_PersistentMatrix.h>
+#include <gsl_PersistentVector.h>
+#include <gsl_PlaneArray.h>
+#include <gsl_Segment.h>
+#include <idb_MementoException.h>
+#include <idb_MementoRead.h>
+#include <idb_MementoWrite.h>
+#include <mdl_JaggedArray.h>
+#include <mdl_PropagatingAttribute.h>
+#include <mdl_PropertyTable.h>
+#include <mdl_Repository.h>
+#include <omu_AccessErrorException.h>
+#include <omu_ArgNumberErrorException.h>
+#include <omu_ArgTypeErrorException.h>
+#include <omu_AttributeErrorException.h>
+#include <omu_FontErrorException.h>
+#include <omu_GenericTypeErrorException.h>
+#include <omu_GuiAccessErrorException.h>
+#include <omu_IndexErrorException.h>
+#include <omu_InterfaceObj.h>
+#include <omu_KeyErrorException.h>
+#include <omu_KeywordErrorException.h>
+#include <omu_KeywordTypeErrorException.h>
+#include <omu_NameErrorException.h>
+#include <omu_OrvNameErrorException.h>
+#include <omu_OverflowErrorException.h>
+#include <omu_PrimArray.h>
+#include <omu_PrimBool.h>
+#include <omu_PrimBoolean.h>
+#include <omu_PrimComplex.h>
+#include <omu_PrimDictionary.h>
+#include <omu_PrimException.h>
+#include <omu_PrimExpr.h>
+#include <omu_PrimNone.h>
+#include <omu_PrimPath.h>
+#include <omu_PrimTranslatedString.h>
+#include <omu_PrimType.h>
+#include <omu_PrimWrapper.h>
+#include <omu_PyObjectWrapper.h>
+#include <omu_PyOrvexException.h>
+#include <omu_QueryPathMsg.h>
+#include <omu_RangeErrorException.h>
+#include <omu_ValueErrorException.h>
+#include <omu_ZeroDivisionErrorException.h>
+#include <testing/ExpectRaise.h>
+#include <testing/LibraryGuard.h>
+#include <testing/MementoMaker.h>
+#include <testing/ValueTesting.h>
+
+#include <functional>
+#include <map>
+
+namespace
+{
+using Value = cow_COW<omu_Primitive>;
+using Dictionary = omu_PrimDictionary<cow_String>;
+
+Bytes Written(const std::function<void(idb_MementoWrite&)>& add)
+{
+    idb_MementoWrite memento;
+    add(memento);
+    memento.Finish();
+    return memento.TakeBytes();
+}
+
+class Memento : public testing::Test
+{
+protected:
+    static const cls_ClassRegistrar& Registrar() { return cls_MetadataRegistrar::Instance().Registrar(); }
+
+    const LibraryGuard running_;
+};
+
+// By type id, how a value of the class goes out, and how what came back does.
+using Samples = std::map<unsigned, std::pair<Bytes, std::function<Bytes(cls_Persistent*)>>>;
+
+template <class... T>
+void AddSamples(Samples& samples, const T&... values)
+{
+    const auto write = [](const auto& value) {
+        return Written([&](idb_MementoWrite& memento) { memento.Add("object", value); });
+    };
+    (samples.try_emplace(T::TypeId(), write(values),
+                         [write](cls_Persistent* back) { return write(*cls_PersistentCast<T>(back)); }),
+     ...);
+}
+
+TEST_F(Memento, EveryRegisteredClassComesBackByteForByte)
+{
+    Dictionary dictionary;
+    dictionary.Put("number", omu_PrimNumber(1.5));
+    dictionary.Put("inner", TupleOf("x", 2, TupleOf()));
+    omu_PrimDictionary<int> byNumber;
+    byNumber.Put(-3, omu_PrimString("x"));
+    omu_PrimList list(3, 7);
+    list.Put("a");
+    list.Put(static_cast<omu_Primitive*>(nullptr));
+    gsl_Matrix moved;
+    moved.SetTranslation(gsl_Vector(1, 2, 3));
+    const gsl_Point p(1.0 / 3, -0.0, 1e-300);
+    const gsl_Plane plane(p, gsl_Vector(1, 2, 2));
+    const gsl_StLine line(p, gsl_Vector(1, 2, 2));
+    gsl_Dot dot;
+    dot.SetValues(p, gsl_DotMethod::gsl_FROM_DATUM_CSYS_ORIGIN, 6, 7);
+    omu_ArgTypeErrorException argument;
+    argument.m_Expecting = "Float";
+    omu_RangeErrorException range;
+    range.m_Keyword = "depth";
+    mdl_Repository repository("parts");
+    ASSERT_TRUE(repository.Insert("inner", new mdl_Repository("inner")));
+
+    annC_AnnotationContainer container;
+    ASSERT_TRUE(container.Insert("A", annC_Arrow()));
+
+    Samples samples;
+    AddSamples(samples, omu_PrimNumber(-7), omu_PrimString(cow_String("a\0b", 3)), omu_PrimBoolean(true),
+               omu_PrimTranslatedString("a'b"), omu_PrimNone(), omu_PrimComplex(omi_complex(1.5, -2)),
+               omu_PrimExpr("a+b"), omu_PrimType("Odb"), omu_PrimPath(cow_List<cow_String>{"mdb", "m"}),
+               omu_PrimException(omu_ValueErrorException("no"), "line 1"), omu_PrimEnumBase("SOLID"),
+               omu_OnOffConst(false), dictionary, byNumber, list, TupleOf(1, "x"),
+               omu_PrimArray(cow_List<int>{2, 1}, cow_List<float>{0.5F, 1.5F}),
+               omu_PrimWrapper(4, nullptr, dictionary), omu_QueryPathMsg(true));
+    AddSamples(samples, argument, range, omu_ArgNumberErrorException(2, 3, "s"),
+               omu_GenericTypeErrorException(), omu_KeywordErrorException(), omu_KeywordTypeErrorException(),
+               omu_OrvNameErrorException(), omu_AttributeErrorException(), omu_AccessErrorException("a"),
+               omu_FontErrorException("f"), omu_GuiAccessErrorException("g"), omu_IndexErrorException(3),
+               omu_KeyErrorException("k"), omu_NameErrorException("n"), omu_OverflowErrorException("o"),
+               omu_ValueErrorException("v"), omu_ZeroDivisionErrorException("z"),
+               g3d_ColorErrorException("c"), KTLBasException(), nex_Exception("e"), nex_PrimException("p"));
+    AddSamples(samples, p, gsl_PersistentMatrix(moved), gsl_PersistentVector(gsl_Vector(3, 4, 0)), plane, dot,
+               line, gsl_BBox(p, gsl_Point(4, 5, 6)), gsl_Segment(p, p), gsl_ModelSegment(dot, dot),
+               gsl_PlaneArray({plane, gsl_Plane()}), gsl_LineArray({line}), gsl_DotArray({dot}),
+               gsl_ArrayPoint({p, p}), gsl_ModelSegmentArray({gsl_ModelSegment(dot, dot)}),
+               g3d_Point(0.1f, -2.5f, 1e38f), g3d_Vector(1, 2, 3), repository);
+    AddSamples(samples, annC_NamedAnchor(), annC_ViewportAnchor(1, 2), annC_Point3DAnchor(1, 2, 3),
+               annC_Arrow(), annC_Text(), container);
+
+    AddSamples(samples, mdl_PropString("s"), mdl_PropInt(-7), mdl_PropDouble(0.5), mdl_PropBool(true),
+               mdl_PropListInt(cls_xpListInt{1, 2}), mdl_PropListString(cls_xpListString{"a", ""}),
+               mdl_Prop1DArrayInt(), mdl_PropList1DArrayListFloat(),
+               mdl_PropertyTable(cow_List<cow_String>{"E", "nu"}), mdl_JaggedArray());
+
+    for (const unsigned typeId : Registrar().TypeIds())
+    {
+        const cls_ClassMetadata& meta = *Registrar().Find(typeId);
+        SCOPED_TRACE(meta.Name().AsCharPtr());
+        // The tests' own classes lie above the library's components.
+        if (meta.Adapter() == nullptr || meta.Adapter()->IsAbstract() || cls_ComponentOf(typeId) >= 0x7E00)
+            continue;
+        const auto sample = samples.find(typeId);
+        if (sample == samples.end())
+        {
+            ADD_FAILURE() << "a new class: give it a sample here";
+            continue;
+        }
+        const auto& [bytes, again] = sample->second;
+        idb_MementoRead memento(bytes);
+        const std::unique_ptr<cls_Persistent> back = memento.Root("object");
+        EXPECT_EQ(again(back.get()), bytes);
+        EXPECT_EQ(memento.Warnings(), cow_List<cow_String>());
+    }
+}
+
+TEST_F(Memento, SharedBodiesAreStoredOnceAndEditsInBetweenDetach)
+{
+    Value shared(new omu_PrimString("first"));
+    const Value same = shared;
+    const Bytes bytes = Written([&](idb_MementoWrite& memento) {
+        memento.Add("a", shared);
+        memento.Add("same", same);
+        dynamic_cast<omu_PrimString&>(shared.Get()) = omu_PrimString("second");
+        memento.Add("b", shared);
+        memento.Add("none", Value());
+    });
+    idb_MementoRead memento(bytes);
+    Value a, again, b, none(new omu_PrimNone);
+    memento.Root("a", a);
+    memento.Root("same", again);
+    memento.Root("b", b);
+    memento.Root("none", none);
+    EXPECT_TRUE(a.SharesWith(again) && a->AsString(0) == "'first'" && b->AsString(0) == "'second'");
+    EXPECT_TRUE(none.IsNull());
+    EXPECT_EQ(memento.RootNames(), (cow_List<cow_String>{"a", "same", "b", "none"}));
+    EXPECT_RAISE(memento.Root("a"), idb_MementoException,
+                 "idb_MementoRead: object 1 (omu_PrimString) cannot be held as a 0x1 here");
+    EXPECT_RAISE(memento.Root("c", a), idb_MementoException, "idb_MementoRead: there is no object named c");
+    // A diamond of shares stays one: else this would be 2^60 objects.
+    omu_PrimTuple tuple = TupleOf("leaf");
+    for (int i = 0; i < 60; ++i)
+        tuple = *std::unique_ptr<omu_PrimTuple>(TupleOf(tuple).Repeat(2));
+    const Bytes diamond = Written([&](idb_MementoWrite& out) { out.Add("t", tuple); });
+    omu_PrimTuple back;
+    idb_MementoRead(diamond).Root("t", back);
+    EXPECT_EQ(back.Length(), 2);
+    EXPECT_LT(diamond.size(), 20000u);
+}
+
+class Stranger : public omu_InterfaceObj
+{
+public:
+    Stranger() { SetTypeDesc(DescribeType("Part", nullptr, nullptr, nullptr, nullptr)); }
+    Stranger* Copy() const override { return new Stranger(*this); }
+};
+
+// What nothing could read again does not get out, and the memento is failed for good.
+TEST_F(Memento, WhatCannotComeBackIsRefusedByName)
+{
+    omu_PrimTuple deep;
+    for (int i = 0; i < 250; ++i)
+        deep = TupleOf(deep);
+    const std::pair<std::unique_ptr<omu_Primitive>, const char*> rows[] = {
+        {std::make_unique<omu_PrimTuple>(TupleOf("x", TupleOf(Stranger()))),
+         "nex_PrimException: Part cannot be stored"},
+        {std::make_unique<omu_PyObjectWrapper>(), "nex_PrimException: omu_PyObjectWrapper cannot be stored"},
+        {std::make_unique<omu_PrimException>(omu_PyOrvexException("no")),
+         "idb_MementoException: idb_MementoWrite: class omu_PyOrvexException (0x130032) has no metadata"},
+        {std::make_unique<omu_PrimTuple>(deep),
+         "idb_MementoException: idb_MementoWrite: limit exceeded: nesting depth"}};
+    for (const auto& [value, text] : rows)
+    {
+        idb_MementoWrite memento;
+        memento.Add("good", omu_PrimNone());
+        EXPECT_ERROR(memento.Add("bad", value.get()), text);
+        EXPECT_ERROR(memento.Add("good again", omu_PrimNone()), text);
+        EXPECT_ERROR(memento.Finish(), text);
+        EXPECT_RAISE(memento.Bytes(), idb_MementoException, "idb_MementoWrite: the memento is not finished");
+    }
+    idb_MementoWrite memento;
+    EXPECT_RAISE(memento.WriteInt({0, "n"}, 1), idb_MementoException,
+                 "idb_MementoWrite: n is no object, and a memento holds named objects");
+    EXPECT_RAISE(memento.MakeWriteListPrim(1, 1), idb_MementoException,
+                 "idb_MementoWrite: no attribute is being written");
+    memento.Add("a", omu_PrimNone());
+    memento.Finish();
+    memento.Finish();
+    EXPECT_RAISE(memento.Add("b", omu_PrimNone()), idb_MementoException,
+                 "idb_MementoWrite: the memento is finished");
+}
+
+// The class counts that announces itself: constants without metadata are stored as plain ones.
+TEST_F(Memento, ConstantsGoByWhatTheyAnnounce)
+{
+    const Bytes bytes = Written([](idb_MementoWrite& memento) {
+        memento.Add("t", omu_TrueFalseConst(true));
+        memento.Add("all", TupleOf(omu_YesNoConst(false), omu_OnOffConst(true)));
+    });
+    idb_MementoRead memento(bytes);
+    omu_PrimEnumBase constant;
+    memento.Root("t", constant);
+    EXPECT_EQ(constant.GetString(), "TRUE");
+    Value all;
+    memento.Root("all", all);
+    EXPECT_EQ(all->AsString(0), "(NO, ON)");
+}
+
+TEST_F(Memento, NumbersOfEarlierReleasesAreRead)
+{
+    for (const std::uint32_t version : {800u, 832u, 834u})
+    {
+        MementoMaker maker;
+        maker.Class(omu_PrimNumber::TypeId(), "omu_PrimNumber", version, omu_Primitive::TypeId(),
+                    {{"value", 10, 1, 0}, {"dataType", 14, 1, 0}});
+        maker.Object(0, {{0, {{1, 14, 0, Payload(cow_String("UINT"))}, {0, 10, 0, Payload(4294967295.0)}}}});
+        maker.Root("n", 1);
+        Value number;
+        const Bytes bytes = maker.Make();
+        idb_MementoRead(bytes).Root("n", number);
+        EXPECT_EQ(number->AsString(0), "4294967295") << version;
+    }
+}
+}

@@ -55,6 +55,18 @@ public:
         return names;
     }
 
+    /// The value of a name and the name of a value, as by an object made for it, which it spares.
+    static E ValueOf(const cow_String& name)
+    {
+        const omu_EnumEntry* entry = FindEntry(table, name);
+        return entry != nullptr ? static_cast<E>(entry->value) : static_cast<E>(omu_PrimEnum(name));
+    }
+    static cow_String NameOf(E value)
+    {
+        const omu_EnumEntry* entry = FindEntry(table, static_cast<int>(value));
+        return entry != nullptr ? cow_String(entry->name) : omu_PrimEnum(value).GetString();
+    }
+
 private:
     static constexpr const char* FROM_TEXT =
         "omu_PrimEnum(const cow_String&) - str not allowed: %s  Permissible: %s";

@@ -17,10 +17,10 @@ struct cls_FieldCodec<E>
     {
         cow_String name;
         if (reader.ReadEnum(field, name))
-            value = omu_PrimEnum<E, 1>(name);
+            value = omu_PrimEnum<E, 1>::ValueOf(name);
     }
     static void Write(const cls_WriteVisitor& writer, const cls_FieldHandle& field, E value)
     {
-        writer.WriteEnum(field, omu_PrimEnum<E, 1>(value).GetString());
+        writer.WriteEnum(field, omu_PrimEnum<E, 1>::NameOf(value));
     }
 };

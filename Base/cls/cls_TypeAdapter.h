@@ -6,7 +6,7 @@
 /// The adapter of a concrete class: Create() makes a T through its constructor from a cls_ReadVisitor. A
 /// T that does not derive from cls_Persistent comes inside a cls_PersistentValue<T>.
 template <class T>
-class cls_TypeAdapter final : public cls_AdapterBase
+class cls_TypeAdapter : public cls_AdapterBase
 {
 public:
     static const cls_AdapterBase* Instance()

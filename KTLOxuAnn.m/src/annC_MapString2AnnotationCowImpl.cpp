@@ -40,11 +40,16 @@ bool annC_MapString2AnnotationCowImpl::ChangeKey(const cow_String& from, const c
         return false;
     if (node->pair.name == to)
         return true;
-    const cow_String name = to;
-    static_cast<void>(Remove(name));
-    byName_.Insert(name, node);
+    // `to` may be the text in the node that goes, so that node goes last.
+    Node* replaced = NodeOf(to);
+    byName_.Insert(to, node);
     byName_.Remove(node->pair.name);
-    node->pair.name = name;
+    node->pair.name = to;
+    if (replaced != nullptr)
+    {
+        byId_.Remove(replaced->id);
+        list_.Remove(replaced);
+    }
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <gsl_Matrix.h>
 #include <gsl_Util.h>
 #include <gsl_utils.h>
@@ -73,7 +74,7 @@ void gsl_Matrix::FromArray(const double values[16])
 {
     for (int r = 0; r < ORDER; ++r)
     {
-        std::copy_n(values + ORDER * r, ORDER, m_[r]);
+        std::copy_n(values + std::ptrdiff_t{ORDER} * r, ORDER, m_[r]);
     }
     UpdateIdentity();
 }
@@ -155,7 +156,7 @@ void gsl_Matrix::AsArray(double out[16]) const noexcept
 {
     for (int r = 0; r < ORDER; ++r)
     {
-        std::copy_n(m_[r], ORDER, out + ORDER * r);
+        std::copy_n(m_[r], ORDER, out + std::ptrdiff_t{ORDER} * r);
     }
 }
 

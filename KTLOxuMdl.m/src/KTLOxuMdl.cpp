@@ -1,6 +1,10 @@
 #include <KTLOxuMdl.h>
 #include <mdl_ArchEntry.h>
+#include <mdl_Enumerations.h>
 #include <mdl_Extension.h>
+#include <mdl_JaggedArray.h>
+#include <mdl_PropagatingAttribute.h>
+#include <mdl_PropertyTable.h>
 #include <mdl_Repository.h>
 #include <oxu_Component.h>
 #include <oxu_DeclareClasses.h>
@@ -13,8 +17,12 @@ constinit oxu_StartCounter called;
 
 // In the order of the start-up log: a new class has its place.
 constexpr oxu_ClassDeclaration CLASSES[] = {
-    {&mdl_Extension::InitializeMetadata, 7},
-    {&mdl_Repository::InitializeMetadata, 7},
+    {&mdl_PropString::InitializeMetadata, 7},     {&mdl_PropInt::InitializeMetadata, 7},
+    {&mdl_PropDouble::InitializeMetadata, 7},     {&mdl_PropBool::InitializeMetadata, 7},
+    {&mdl_PropListInt::InitializeMetadata, 7},    {&mdl_Prop1DArrayInt::InitializeMetadata, 7},
+    {&mdl_PropListString::InitializeMetadata, 7}, {&mdl_PropList1DArrayListFloat::InitializeMetadata, 7},
+    {&mdl_Extension::InitializeMetadata, 7},      {&mdl_Repository::InitializeMetadata, 7},
+    {&mdl_PropertyTable::InitializeMetadata, 7},  {&mdl_JaggedArray::InitializeMetadata, 4},
 };
 }
 
@@ -24,6 +32,7 @@ void KTLOxuMdl_initialize(int& running)
         return;
     typ_ArchCompTable::InsertEntry(oxu_MDL, mdl_ArchEntry());
     oxu_DeclareClasses(CLASSES);
+    mdl_RegisterConstants();
 }
 
 void KTLOxuMdl_finalize(int& running)

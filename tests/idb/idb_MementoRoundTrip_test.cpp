@@ -158,7 +158,8 @@ TEST_F(Memento, EveryRegisteredClassComesBackByteForByte)
 
     AddSamples(samples, mdl_PropString("s"), mdl_PropInt(-7), mdl_PropDouble(0.5), mdl_PropBool(true),
                mdl_PropListInt(cls_xpListInt{1, 2}), mdl_PropListString(cls_xpListString{"a", ""}),
-               mdl_Prop1DArrayInt(), mdl_PropList1DArrayListFloat(),
+               mdl_Prop1DArrayInt(cls_xp1DArrayInt{7}),
+               mdl_PropList1DArrayListFloat(cls_xp1DArrayListFloat{{1.0F}, {}}),
                mdl_PropertyTable(cow_List<cow_String>{"E", "nu"}), mdl_JaggedArray());
 
     for (const unsigned typeId : Registrar().TypeIds())

@@ -1,7 +1,7 @@
 # Every target installs what it needs first (scripts/bootstrap); `make` alone lists the targets.
 SHELL := /bin/bash
 .DEFAULT_GOAL := help
-.PHONY: help run test build bench sanitize fuzz format lint clean
+.PHONY: help run test build bench sanitize fuzz pictures format lint clean
 
 JOBS ?= $(shell nproc)
 FUZZ_SECONDS ?= 60
@@ -47,6 +47,11 @@ fuzz: ## run every fuzzer for FUZZ_SECONDS (60)
 	cmake --preset fuzz
 	cmake --build build/fuzz -j$(JOBS) --target fuzzers
 	scripts/run-fuzzers build/fuzz $(FUZZ_SECONDS)
+
+pictures: ## draw every style of annotations and parts into build/release/pictures, to be looked at
+	@scripts/bootstrap build
+	cmake --preset release
+	cmake --build build/release -j$(JOBS) --target pictures
 
 format: ## format the sources
 	@scripts/bootstrap lint

@@ -9,6 +9,7 @@ struct bat_Console
     std::ostream& err;          ///< progress, notes, errors
     bool errIsTerminal = false; ///< err can move its cursor: a bar may be drawn
     int columns = 80;           ///< width of that terminal
+    bool outHasColor = false;   ///< out is a terminal with 24-bit colours, and the user wants them
 
     /// The process's own streams.
     static bat_Console Standard();

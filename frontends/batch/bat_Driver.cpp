@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <bat_Console.h>
 #include <bat_Driver.h>
+#include <bat_InputError.h>
 #include <bat_Interrupt.h>
 #include <bat_Interrupted.h>
 #include <bat_MeshError.h>
@@ -49,7 +50,10 @@ bat_ExitCode Dispatch(std::vector<std::string> arguments, const bat_Console& con
     const auto commands = bat_Registry();
     const std::string version = std::string("orvex ") + BAT_VERSION;
 
-    CLI::App app("Works on parts as CAD systems export them: triangles in STL, OBJ and OFF files.", "orvex");
+    CLI::App app(
+        "Works on parts as CAD systems export them (triangles in STL, OBJ and OFF files), and shows\n"
+        "colours and stored sessions.",
+        "orvex");
     app.set_version_flag("--version", version, "print the version");
     app.set_help_flag("-h,--help", "print this help");
     app.require_subcommand(1);
@@ -74,7 +78,7 @@ bat_ExitCode Dispatch(std::vector<std::string> arguments, const bat_Console& con
         if (asked == commands.end() && arguments.front().rfind('-', 0) != 0)
             throw bat_UsageError(arguments.front() + ": no such subcommand");
         if (!Parse(app, std::move(arguments), console))
-            return bat_ExitCode::CONTACT;
+            return bat_ExitCode::DONE;
         if (asked == commands.end())
             throw bat_UsageError("the subcommand must come first");
         return (*asked)->Run(console);
@@ -101,6 +105,10 @@ bat_ExitCode bat_Driver::Run(std::vector<std::string> arguments, const bat_Conso
             code = Fail(console, bat_ExitCode::USAGE, error.what());
         }
         catch (const bat_MeshError& error)
+        {
+            code = Fail(console, bat_ExitCode::INPUT, error.what());
+        }
+        catch (const bat_InputError& error)
         {
             code = Fail(console, bat_ExitCode::INPUT, error.what());
         }

@@ -21,7 +21,7 @@ public:
     /// Declares the options, which are read into this object.
     virtual void Declare(CLI::App& app) = 0;
 
-    /// Results go to console.out, everything else to console.err. Raises bat_UsageError, bat_MeshError,
-    /// bat_Interrupted, or whatever went wrong inside.
+    /// Results go to console.out, everything else to console.err. Raises bat_UsageError, bat_InputError,
+    /// bat_MeshError, bat_Interrupted, or whatever went wrong inside.
     virtual bat_ExitCode Run(const bat_Console& console) = 0;
 };

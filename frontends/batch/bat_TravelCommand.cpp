@@ -2,12 +2,14 @@
 #include <bat_Console.h>
 #include <bat_ConsoleReporter.h>
 #include <bat_ContactTravel.h>
+#include <bat_InputError.h>
 #include <bat_Number.h>
 #include <bat_Part.h>
 #include <bat_Phase.h>
 #include <bat_Session.h>
 #include <bat_TravelCommand.h>
 #include <bat_TravelJson.h>
+#include <bat_TravelPicture.h>
 #include <bat_TravelText.h>
 #include <bat_UsageError.h>
 #include <bat_WipWatcher.h>
@@ -22,6 +24,7 @@ namespace
 {
 // The share of the progress that brute force takes, beside those of reading and of the search.
 constexpr float CHECK_SHARE = 100.0f;
+constexpr float PICTURE_SHARE = 10.0f;
 
 [[noreturn]] void RefuseCheck(const std::string& work, unsigned long long limit)
 {
@@ -40,11 +43,13 @@ const char* bat_TravelCommand::Footer() const
     return "The points are where the parts touch: on the fixed part, and on the movable part before it "
            "travels.\n"
            "Triangles are counted from 0, in the order of the file. Lengths are in the units of the files.\n"
+           "In a picture the fixed part is grey, the movable one blue, where it starts; the red\n"
+           "arrow is the travel, the dot the contact.\n"
            "\n"
            "States and exit codes:\n"
            "  0  contact (goes that far, then touches), touching or overlapping (where it stands)\n"
            "  1  clear: no contact, or none before the bound\n"
-           "  2  wrong command line      3  a file cannot be read or is wrong\n"
+           "  2  wrong command line      3  a file cannot be read or written, or is wrong\n"
            "  5  internal fault          130  interrupted\n"
            "\n"
            "Examples, to be run as they stand:\n"
@@ -68,6 +73,9 @@ bat_ExitCode bat_TravelCommand::Run(const bat_Console& console)
         console.out << bat_TravelJson(result) << '\n';
     else
         console.out << bat_TravelText(result);
+    // The answer is there all the same.
+    if (!pictureFault_.empty())
+        throw bat_InputError(pictureFault_);
     if (differs_)
         return bat_ExitCode::INTERNAL;
     return result.IsClear() ? bat_ExitCode::CLEAR : bat_ExitCode::CONTACT;
@@ -77,9 +85,12 @@ bat_TravelResult bat_TravelCommand::Compute()
 {
     // First, so that a wrong option does not cost the reading of two files.
     const bat_TravelQuestion question = options_.Question();
+    const bool draws = !options_.Picture().empty();
+    if (draws)
+        bat_TravelPicture::RequirePlace(options_.Picture());
 
-    const float total =
-        bat_ContactTravel::READ_SHARE + bat_ContactTravel::SHARE + (options_.Check() ? CHECK_SHARE : 0.0f);
+    const float total = bat_ContactTravel::READ_SHARE + bat_ContactTravel::SHARE +
+                        (options_.Check() ? CHECK_SHARE : 0.0f) + (draws ? PICTURE_SHARE : 0.0f);
     const float readShare = 0.5f * bat_ContactTravel::READ_SHARE / total;
     bat_WipWatcher watcher;
     wip_ProgressObj job("contact travel");
@@ -103,8 +114,25 @@ bat_TravelResult bat_TravelCommand::Compute()
         const bat_Phase phase(watcher, CHECK_SHARE / total, "checking by brute force");
         Check(*bruteForce, result, watcher);
     }
+    if (draws)
+    {
+        const bat_Phase phase(watcher, PICTURE_SHARE / total, "drawing");
+        Draw(fixed, movable, result);
+    }
     (void)wip_Progress::Instance().Update(1.0f, "done");
     return result;
+}
+
+void bat_TravelCommand::Draw(const bat_Part& fixed, const bat_Part& movable, const bat_TravelResult& result)
+{
+    try
+    {
+        bat_TravelPicture(fixed, movable, result).Save(options_.Picture());
+    }
+    catch (const bat_InputError& error)
+    {
+        pictureFault_ = error.what();
+    }
 }
 
 void bat_TravelCommand::Check(const bat_BruteForce& bruteForce, const bat_TravelResult& result,

@@ -5,6 +5,7 @@
 #include <bat_TravelResult.h>
 
 class bat_BruteForce;
+class bat_Part;
 class bat_Watcher;
 
 /// `orvex travel FIXED MOVABLE --dir X,Y,Z`: how far one part can go until it touches another.
@@ -19,8 +20,10 @@ public:
 
 private:
     bat_TravelResult Compute();
+    void Draw(const bat_Part& fixed, const bat_Part& movable, const bat_TravelResult& result);
     void Check(const bat_BruteForce& bruteForce, const bat_TravelResult& result, bat_Watcher& watcher);
 
     bat_TravelOptions options_;
-    bool differs_ = false; ///< the check found another answer
+    bool differs_ = false;     ///< the check found another answer
+    std::string pictureFault_; ///< why there is no picture
 };

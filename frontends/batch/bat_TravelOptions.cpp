@@ -38,6 +38,8 @@ void bat_TravelOptions::Declare(CLI::App& app)
     app.add_option("--tree", tree_, "kind of the trees, 8 or 14 boxes below each (oct)")
         ->check(CLI::IsMember({OCT, MOD}))
         ->option_text(std::string(OCT) + "|" + MOD);
+    app.add_option("--picture", picture_, "draw parts, travel and contact into this file, .svg or .png")
+        ->option_text("FILE");
     app.add_flag("--json", json_, "print the result as one line of JSON");
     app.add_flag("--check", check_, "compare with the answer of brute force, where that is feasible");
     app.add_flag("--quiet", quiet_, "print the result and errors, nothing else");

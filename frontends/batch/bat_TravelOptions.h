@@ -15,6 +15,8 @@ public:
     const std::string& MovableFile() const { return movable_; }
     /// Raises bat_UsageError with what is wrong with the texts of direction and bound.
     bat_TravelQuestion Question() const;
+    /// Empty for none.
+    const std::string& Picture() const { return picture_; }
     bool Json() const { return json_; }
     bool Check() const { return check_; }
     /// Neither notes nor progress.
@@ -31,6 +33,7 @@ private:
     bool hasBound_ = false;
     std::string tree_ = "oct";
     int depth_ = bat_TravelQuestion::DEFAULT_DEPTH;
+    std::string picture_;
     bool json_ = false;
     bool check_ = false;
     bool quiet_ = false;

@@ -49,6 +49,11 @@ const char* Meaning(bat_TravelResult::State state)
     return "no contact on the way";
 }
 
+std::string State(const bat_TravelResult& result)
+{
+    return std::string(result.StateName()) + ": " + Meaning(result.state);
+}
+
 std::string Part(const bat_TravelResult::Side& side, const char* remark)
 {
     std::string text = bat_PlainText(side.file) + ", ";
@@ -66,12 +71,16 @@ std::string Size(const gsl_BBox& box)
 }
 }
 
+std::string bat_TravelHeadline(const bat_TravelResult& result)
+{
+    return Travel(result) + "\n" + State(result);
+}
+
 std::string bat_TravelText(const bat_TravelResult& result)
 {
     const bool travels = result.state == bat_TravelResult::State::CONTACT;
     std::string text =
-        Line("travel", Travel(result)) +
-        Line("state", std::string(result.StateName()) + ": " + Meaning(result.state)) +
+        Line("travel", Travel(result)) + Line("state", State(result)) +
         Line("fixed", Part(result.fixed, "")) +
         Line("movable", Part(result.movable, travels ? " before the travel" : "")) +
         Line("sizes", "fixed " + Size(result.fixed.box) + ", movable " + Size(result.movable.box));

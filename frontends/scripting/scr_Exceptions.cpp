@@ -1,4 +1,7 @@
 #include <bio_DataException.h>
+#include <cerrno>
+#include <cstring>
+#include <idb_MementoException.h>
 #include <new>
 #include <nex_CommandException.h>
 #include <nex_RangeException.h>
@@ -22,7 +25,8 @@ const char* ClassName(const KTLBasException& failure)
         return command->PythonType();
     if (dynamic_cast<const nex_RangeException*>(&failure) != nullptr)
         return "IndexError";
-    if (dynamic_cast<const bio_DataException*>(&failure) != nullptr)
+    if (dynamic_cast<const bio_DataException*>(&failure) != nullptr ||
+        dynamic_cast<const idb_MementoException*>(&failure) != nullptr)
         return "MementoError";
     return BASE_CLASS;
 }
@@ -57,6 +61,13 @@ py::object scr_Exceptions::Make(const KTLBasException& failure)
     py::object made = ClassOf(ClassName(failure))(scr_Text::ToPython(failure.UserReport()));
     const scr_ExceptionFields fields(made);
     failure.DBWrite(fields);
+    if (const auto* memento = dynamic_cast<const idb_MementoException*>(&failure))
+    {
+        made.attr("byte") =
+            memento->ByteOffset() < 0 ? py::object(py::none()) : py::int_(memento->ByteOffset());
+        made.attr("object") = memento->ObjectNumber();
+        made.attr("className") = scr_Text::ToPython(memento->ClassName());
+    }
     return made;
 }
 
@@ -98,6 +109,16 @@ void scr_Exceptions::SetError() noexcept
 void scr_Exceptions::Throw(const char* className, const std::string& message)
 {
     Set(ClassOf(className)(message));
+    throw py::error_already_set();
+}
+
+void scr_Exceptions::ThrowSystem(int number, const std::string& file)
+{
+    if (number == ENOMEM)
+        PyErr_SetObject(PyExc_MemoryError, scr_Text::FromFileSystem(file).ptr());
+    else
+        PyErr_SetObject(PyExc_OSError,
+                        py::make_tuple(number, std::strerror(number), scr_Text::FromFileSystem(file)).ptr());
     throw py::error_already_set();
 }
 

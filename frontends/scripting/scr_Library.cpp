@@ -1,10 +1,12 @@
 #include <KTLOxuGeom.h>
+#include <annC_AnnotatedIntObj.h>
 #include <memory>
 #include <omu_CommandTable.h>
 #include <omu_PrimBool.h>
 #include <omu_SimpleTermShortcutImpl.h>
 #include <scr_ConstantTable.h>
 #include <scr_Library.h>
+#include <scr_Pictures.h>
 #include <scr_Running.h>
 #include <scr_ScriptObjects.h>
 
@@ -30,6 +32,7 @@ void Stop()
         const py::gil_scoped_release released;
         scr_Running::WaitForAll();
     }
+    scr_Pictures::Stop();
     KTLOxuGeom_finalize(partsRunning);
     constants.reset();
     scr_ScriptObjects::Uninstall();
@@ -47,9 +50,13 @@ void scr_Library::Start()
          {omu_OnOffConst::table, omu_TrueFalseConst::table, omu_YesNoConst::table})
         constants->AddNames(names);
     omu_CommandTable& table = omu_CommandTable::Instance();
-    for (const char* name : {"mdb", "session"})
-        if (table.Root(name) == nullptr)
-            table.RegisterRoot(name, std::make_shared<PlainRoot>(name));
+    if (table.Root("mdb") == nullptr)
+        table.RegisterRoot(
+            "mdb", std::make_shared<annC_AnnotatedIntObj>(omu_SimpleTermShortcutImpl("mdb", true),
+                                                          std::make_shared<annC_AnnotationContainer>()));
+    if (table.Root("session") == nullptr)
+        table.RegisterRoot("session", std::make_shared<PlainRoot>("session"));
+    scr_Pictures::Start();
 }
 
 void scr_Library::StopAtExit()

@@ -10,8 +10,8 @@ public:
     scr_Library() = delete;
 
     /// Starts the library with the hooks that this front end supplies: the table that makes symbolic
-    /// constants in Python, the operations on wrapped objects, and the roots "mdb" and "session" where nobody
-    /// gave any.
+    /// constants in Python, the operations on wrapped objects, the annotation client of pictures, and the
+    /// roots "mdb", with annotations, and "session" where nobody gave any.
     static void Start();
     /// Registers the stop with the interpreter's exit.
     static void StopAtExit();

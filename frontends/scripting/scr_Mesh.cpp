@@ -5,6 +5,7 @@
 #include <cstring>
 #include <limits>
 #include <scr_Mesh.h>
+#include <scr_Text.h>
 #include <scr_TravelRefusal.h>
 #include <utility>
 
@@ -18,22 +19,13 @@ bool IsPath(py::handle object)
 {
     return PyUnicode_Check(object.ptr()) || py::hasattr(object, "__fspath__");
 }
-
-/// In the bytes of the file system.
-std::string PathOf(py::handle object)
-{
-    PyObject* bytes = nullptr;
-    if (!PyUnicode_FSConverter(object.ptr(), &bytes))
-        throw py::error_already_set();
-    return py::reinterpret_steal<py::bytes>(bytes);
-}
 }
 
 scr_Mesh::scr_Mesh(py::handle object, const std::string& role) : name_(role)
 {
     if (IsPath(object))
     {
-        name_ = PathOf(object);
+        name_ = scr_Text::PathOf(object.ptr());
         return;
     }
     const scr_TravelRefusal refusal(role, "a file name, or a pair of buffers: vertices and triangles");

@@ -3,6 +3,7 @@
 #include <scr_Call.h>
 #include <scr_Constants.h>
 #include <scr_Exceptions.h>
+#include <scr_Files.h>
 #include <scr_Library.h>
 #include <scr_Names.h>
 #include <scr_Object.h>
@@ -20,6 +21,7 @@ PYBIND11_MODULE(_orvex, module)
     scr_RegisterObject(module);
     scr_RegisterNames(module);
     scr_RegisterTravel(module);
+    scr_RegisterFiles(module);
     scr_Library::Start();
     scr_Library::StopAtExit();
 }

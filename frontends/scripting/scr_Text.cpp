@@ -34,6 +34,14 @@ py::str scr_Text::FromFileSystem(const std::string& bytes)
         PyUnicode_DecodeFSDefaultAndSize(bytes.data(), static_cast<Py_ssize_t>(bytes.size())));
 }
 
+std::string scr_Text::PathOf(PyObject* path)
+{
+    PyObject* bytes = nullptr;
+    if (!PyUnicode_FSConverter(path, &bytes))
+        throw py::error_already_set();
+    return py::reinterpret_steal<py::bytes>(bytes);
+}
+
 cow_String scr_Text::FromPython(PyObject* text)
 {
     Py_ssize_t length = 0;

@@ -16,6 +16,9 @@ public:
     static void Append(pybind11::list& list, const cow_List<cow_String>& texts);
     /// Of a text that may hold the name of a file, in the bytes of the file system.
     static pybind11::str FromFileSystem(const std::string& bytes);
+    /// The bytes of the file system for a path: str, bytes or os.PathLike; raises TypeError for anything
+    /// else, ValueError for a zero byte.
+    static std::string PathOf(PyObject* path);
     /// REQUIRES: a str. A surrogate that stands for no byte raises UnicodeEncodeError, more than 2147483647
     /// bytes OverflowError.
     static cow_String FromPython(PyObject* text);

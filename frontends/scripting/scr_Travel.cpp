@@ -3,10 +3,9 @@
 #include <bat_Interrupted.h>
 #include <bat_MeshError.h>
 #include <bat_Part.h>
-#include <cerrno>
-#include <cstring>
 #include <optional>
 #include <pybind11/stl.h>
+#include <scr_Exceptions.h>
 #include <scr_Mesh.h>
 #include <scr_Own.h>
 #include <scr_ProgressReporter.h>
@@ -30,11 +29,8 @@ namespace
 
 [[noreturn]] void Raise(const bat_MeshError& error)
 {
-    if (error.SystemNumber() == ENOMEM)
-        Raise(PyExc_MemoryError, scr_Text::FromFileSystem(error.what()));
     if (const auto number = error.SystemNumber())
-        Raise(PyExc_OSError,
-              py::make_tuple(*number, std::strerror(*number), scr_Text::FromFileSystem(error.File())));
+        scr_Exceptions::ThrowSystem(*number, error.File());
     const py::object type = py::module_::import("orvex._travel").attr("MeshError");
     Raise(type, type(scr_Text::FromFileSystem(error.File()), scr_Text::FromFileSystem(error.Reason()),
                      error.Line(), error.Byte()));

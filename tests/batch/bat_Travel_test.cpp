@@ -3,6 +3,7 @@
 #include <array>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gsl_Triangle.h>
 #include <gtest/gtest.h>
@@ -204,6 +205,55 @@ TEST_F(Travel, WhatIsRefusedAndWithWhichCode)
     ExpectRefused(Command(ABOVE, CUBE, "--dir +z --quiet"), 5,
                   "orvex: cannot write the result to standard output\n", full);
 }
+
+#ifdef ORVEX_WITH_VIEWER
+/// The annotations of a picture, from the rearmost to the front: "Travel Contact".
+std::string Drawn(const std::string& svg)
+{
+    const std::string key = "data-name=\"";
+    std::string names;
+    for (std::size_t at = svg.find(key); at != std::string::npos; at = svg.find(key, at + 1))
+        names += svg.substr(at + key.size(), svg.find('"', at + key.size()) - at - key.size()) + " ";
+    return names;
+}
+
+TEST_F(Travel, PicturesShowPartsTravelAndContact)
+{
+    const Mesh across = Cube({3, 0, 5});
+    const Mesh over = Cube({0.5, 0.5, 0.5});
+    for (const auto& [fixed, names, label] :
+         {std::tuple{&ABOVE, "Headline Travel Contact Distance ", ">4</text>"},
+          {&over, "Headline Contact Distance ", ">overlapping</text>"},
+          {&across, "Headline ", "no contact on the way</text>"}})
+    {
+        SCOPED_TRACE(label);
+        const std::string file = folder / "picture.SVG";
+        const Done done = RunOrvex(Command(*fixed, CUBE, "--dir +z --quiet --picture " + file));
+        EXPECT_EQ(done.code, fixed == &across ? 1 : 0) << done.err;
+        std::ostringstream svg;
+        svg << std::ifstream(file).rdbuf();
+        EXPECT_EQ(Drawn(svg.str()), names);
+        EXPECT_THAT(svg.str(), HasSubstr(label));
+        EXPECT_EQ(std::filesystem::remove(file), true);
+    }
+    // The answer is told all the same.
+    const std::string longName = folder / (std::string(250, 'x') + ".png");
+    const Done late = RunOrvex(Command(ABOVE, CUBE, "--dir +z --quiet --picture " + longName));
+    EXPECT_EQ(late.code, 3);
+    EXPECT_THAT(late.out, StartsWith("travel    4 "));
+    EXPECT_EQ(late.err, "orvex: cannot write " + longName + ": File name too long\n");
+    // Before the parts are even read.
+    for (const auto& [name, code, reason] :
+         {std::tuple{"x.jpg", 2, ": the name must end in .svg or .png (see orvex travel --help)"},
+          {"none/x.svg", 3, " cannot be written: No such file or directory"},
+          {"fixed.off/x.png", 3, " cannot be written: Not a directory"}})
+    {
+        const std::string file = folder / name;
+        ExpectRefused({"travel", folder / "fixed.off", "none.off", "--dir", "+z", "--picture", file}, code,
+                      "orvex: --picture " + file + reason);
+    }
+}
+#endif
 
 TEST_F(Travel, TheExamplesOfTheHelpRun)
 {

@@ -61,6 +61,8 @@ def trees(leaves, keys):
 
 
 finite = st.floats(allow_nan=False, allow_infinity=False)
+# Python's own text of a complex number loses the sign of a part that is zero.
+nonzero = finite.filter(bool)
 arrays = filled("i", st.integers(-(2**31), 2**31 - 1)) | filled("d", finite)
 plain = st.none() | st.booleans() | ints | texts
 values = trees(plain | st.floats() | st.complex_numbers() | names.map(orvex.Type) | st.binary()
@@ -85,7 +87,7 @@ class Constants(dict):
 
 
 @settings(deadline=None)
-@given(trees(plain | finite | st.builds(complex, finite, finite), [texts]))
+@given(trees(plain | finite | st.builds(complex, nonzero, nonzero), [texts]))
 def test_repr_evaluates_to_the_value(value):
     assert same(eval(repr(echo(value)), vars(orvex), Constants()), value)
 

@@ -3,13 +3,13 @@
 ``orvex.mdb`` and ``orvex.session`` are the roots of the application's objects; commands and symbolic constants
 are attributes of this module under the names that the application registers::
 
-    import orvex
-    from orvex import DASHED
+    from orvex import *
 
-    part = orvex.mdb.models["M"].parts["P1"]
-    part.width = 2.5
+    mdb.Arrow(name="A", startPoint=(10, 10), endPoint=(60, 40), color="Red")
+    mdb.annotations["A"].setValues(lineStyle=DASHED)
 
-Importing starts the library, the interpreter's exit stops it.
+`save` and `open` write what mdb holds to a file and read it back, `picture` draws it. Importing starts the
+library, the interpreter's exit stops it.
 """
 
 from typing import Any as _Any
@@ -17,9 +17,10 @@ from typing import Any as _Any
 from . import _orvex
 from ._errors import *
 from ._orvex import Array, Command, Method, Object, Path, SymbolicConstant, Type, Value
+from ._session import open, picture, save
 from ._travel import MeshError, TravelResult, travel
 
-# Not the errors whose names Python has too: "from orvex import *" leaves those alone.
+# Not the names that Python has too, of errors and "open": "from orvex import *" leaves those alone.
 __all__ = [
     "AccessError",
     "Array",
@@ -40,8 +41,12 @@ __all__ = [
     "TravelResult",
     "Type",
     "Value",
+    "picture",
+    "save",
     "travel",
 ]
+# The roots, commands and symbolic constants of that moment; later ones are attributes all the same.
+__all__ += [name for name in _orvex.all_names() if not name.startswith("_")]
 
 
 def __getattr__(name: str) -> _Any:

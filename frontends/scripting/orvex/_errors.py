@@ -53,7 +53,11 @@ class KeyError(Error, _builtins.KeyError):
 
 
 class MementoError(Error):
-    """Stored data that cannot be read."""
+    """Stored data that cannot be read, or what cannot be stored.
+
+    byte is the offset in the file where that is known, else None; object is the number of the object, else 0;
+    className is the class of the object.
+    """
 
 
 class NameError(Error, _builtins.NameError):

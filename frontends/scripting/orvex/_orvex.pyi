@@ -7,6 +7,9 @@ def look_up(name: str) -> Any:
 def all_names() -> list[str]: ...
 
 _travel: Callable[..., Any]
+_save: Callable[..., None]
+_open: Callable[..., list[str]]
+_picture: Callable[..., None]
 
 @final
 class SymbolicConstant:

@@ -1,0 +1,221 @@
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <algorithm>
+#include <bat_ColorCommand.h>
+#include <bat_Console.h>
+#include <bat_ConsoleReporter.h>
+#include <bat_InputError.h>
+#include <bat_Number.h>
+#include <bat_PlainText.h>
+#include <bat_Session.h>
+#include <bat_UsageError.h>
+#include <cctype>
+#include <charconv>
+#include <g3d_ColorErrorException.h>
+#include <g3d_ColorMap.h>
+#include <iomanip>
+#include <nlohmann/json.hpp>
+#include <numeric>
+#include <ostream>
+#include <sstream>
+
+namespace
+{
+using Json = nlohmann::ordered_json;
+using Triple = std::array<double, 3>;
+
+constexpr const char* SCHEMA = "orvex.color/1";
+
+/// The double with the float's shortest text, so that nothing is printed that the float does not hold.
+double Shortest(float value)
+{
+    char text[32];
+    const std::to_chars_result end = std::to_chars(text, text + sizeof text, value);
+    double number = 0.0;
+    std::from_chars(text, end.ptr, number);
+    return number;
+}
+
+/// A colour as people and programs are told of it.
+struct Shown
+{
+    Shown(const std::string& called, const g3d_Color& color)
+        : name(called), rgb{Shortest(color.Red()), Shortest(color.Green()), Shortest(color.Blue())}
+    {
+        float h = 0.0f;
+        float s = 0.0f;
+        float v = 0.0f;
+        color.GetHSV(h, s, v);
+        hsv = {Shortest(h), Shortest(s), Shortest(v)};
+        const unsigned packed = color.GetRGBA();
+        for (std::size_t k = 0; k < bytes.size(); ++k)
+            bytes[k] = packed >> (24 - 8 * k) & 0xFF;
+    }
+
+    std::string Hex() const
+    {
+        std::ostringstream text;
+        text << '#' << std::hex << std::uppercase << std::setfill('0');
+        for (const unsigned byte : bytes)
+            text << std::setw(2) << byte;
+        return text.str();
+    }
+    /// A patch of the colour on a terminal that shows it, else nothing.
+    std::string Swatch(const bat_Console& console) const
+    {
+        if (!console.outHasColor)
+            return {};
+        return "\033[48;2;" + std::to_string(bytes[0]) + ";" + std::to_string(bytes[1]) + ";" +
+               std::to_string(bytes[2]) + "m      \033[0m ";
+    }
+
+    std::string name;
+    Triple rgb;
+    Triple hsv{};
+    std::array<unsigned, 3> bytes{};
+};
+
+std::string Text(const Triple& values)
+{
+    return bat_NumberText(values[0]) + ", " + bat_NumberText(values[1]) + ", " + bat_NumberText(values[2]);
+}
+
+void Print(const Shown& color, const bat_Console& console)
+{
+    console.out << "name      " << color.Swatch(console) << bat_PlainText(color.name) << "\nhex       "
+                << color.Hex() << "\nrgb       " << Text(color.rgb) << "\nbytes     " << color.bytes[0]
+                << ", " << color.bytes[1] << ", " << color.bytes[2] << "\nhsv       " << Text(color.hsv)
+                << '\n';
+}
+
+std::string Lower(std::string text)
+{
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
+/// How many letters must be put in, taken out or replaced to come from one text to the other (Levenshtein,
+/// "Binary codes capable of correcting deletions, insertions, and reversals", 1966).
+std::size_t Edits(const std::string& from, const std::string& to)
+{
+    std::vector<std::size_t> row(to.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t(0));
+    for (std::size_t i = 1; i <= from.size(); ++i)
+    {
+        std::size_t diagonal = std::exchange(row[0], i);
+        for (std::size_t k = 1; k <= to.size(); ++k)
+        {
+            const std::size_t replaced = diagonal + (from[i - 1] != to[k - 1]);
+            diagonal = row[k];
+            row[k] = std::min({replaced, row[k] + 1, row[k - 1] + 1});
+        }
+    }
+    return row.back();
+}
+
+/// " Did you mean ...?" with the names that are spelt nearly so; empty where there is none.
+std::string Hint(const std::string& unknown)
+{
+    constexpr std::size_t MOST_EDITS = 2;
+    constexpr std::size_t LONGEST = 64; // longer ones are no misspelt names
+    if (unknown.size() > LONGEST)
+        return {};
+    std::string names;
+    std::size_t best = MOST_EDITS + 1;
+    for (const cow_String& key : g3d_ColorMap::Instance().Keys())
+    {
+        const std::string name(key.View());
+        const std::size_t edits = Edits(Lower(unknown), Lower(name));
+        // Of a short name two edits leave nothing.
+        if (edits > best || edits > MOST_EDITS || edits >= name.size() - 1)
+            continue;
+        names = (edits < best ? "" : names + " or ") + '"' + name + '"';
+        best = edits;
+    }
+    return names.empty() ? names : " Did you mean " + names + "?";
+}
+
+Shown Find(const std::string& name)
+{
+    try
+    {
+        return Shown(name, g3d_ColorMap::Instance().ConstGet(cow_String(std::string_view(name))));
+    }
+    catch (const g3d_ColorErrorException& error)
+    {
+        throw bat_InputError(error.what() + Hint(name));
+    }
+}
+
+bool IsOddHex(const std::string& name)
+{
+    return name.starts_with('#') &&
+           (name.size() != 7 || name.find_first_not_of("0123456789abcdefABCDEF", 1) != std::string::npos);
+}
+}
+
+const char* bat_ColorCommand::Summary() const
+{
+    return "tell what a colour is made of, or list the colours that have names";
+}
+
+const char* bat_ColorCommand::Footer() const
+{
+    return "rgb and hsv (hue, saturation, value) go from 0 to 1, bytes from 0 to 255. Names are compared\n"
+           "exactly, capital letters included; a name of two words needs no quotes.\n"
+           "\n"
+           "Exit codes: 0 shown, 2 wrong command line, 3 no such colour, 5 internal fault\n"
+           "\n"
+           "Examples, to be run as they stand:\n"
+           "  orvex color Sky blue\n"
+           "  orvex color '#FF8000' --json\n"
+           "  orvex color --list";
+}
+
+void bat_ColorCommand::Declare(CLI::App& app)
+{
+    app.add_option("NAME", words_, "the name of a colour, or #RRGGBB, hexadecimal")->option_text(" ");
+    app.add_flag("--list", list_, "list all colours that have a name");
+    app.add_flag("--json", json_, "print one line of JSON");
+}
+
+bat_ExitCode bat_ColorCommand::Run(const bat_Console& console)
+{
+    if (list_ == !words_.empty())
+        throw bat_UsageError(list_ ? "--list takes no name" : "a name or --list is required");
+    bat_ConsoleReporter reporter(console, bat_ConsoleReporter::Progress::NONE, true);
+    const bat_Session session(reporter);
+    std::vector<Shown> colors;
+    if (list_)
+        for (const cow_String& key : g3d_ColorMap::Instance().Keys())
+            colors.push_back(Find(std::string(key.View())));
+    else
+    {
+        std::string name = words_.front();
+        for (std::size_t i = 1; i < words_.size(); ++i)
+            name += " " + words_[i];
+        if (IsOddHex(name))
+            reporter.Warning(
+                atr_String((name + " is not # and six hexadecimal digits: read as far as it goes").c_str()));
+        colors.push_back(Find(name));
+    }
+    if (json_)
+    {
+        Json all = Json::array();
+        for (const Shown& color : colors)
+            all.push_back({{"name", color.name},
+                           {"hex", color.Hex()},
+                           {"rgb", color.rgb},
+                           {"bytes", color.bytes},
+                           {"hsv", color.hsv}});
+        const Json json = {{"schema", SCHEMA}, {"colors", all}};
+        console.out << json.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+    }
+    else if (list_)
+        for (const Shown& color : colors)
+            console.out << color.Swatch(console) << color.Hex() << "  " << color.name << '\n';
+    else
+        Print(colors.front(), console);
+    return bat_ExitCode::DONE;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+class bat_Part;
+struct bat_TravelResult;
+
+/// A travel as a picture: the fixed part grey, the movable one coloured, where it starts; the travel as an
+/// arrow from the corner that touches to the place where it does, which is marked, with the distance beside
+/// it. Without a contact the parts and a text that says so. In a build without the viewer there is none, and
+/// RequirePlace says it.
+class bat_TravelPicture
+{
+public:
+    /// All three must outlive the object.
+    bat_TravelPicture(const bat_Part& fixed, const bat_Part& movable, const bat_TravelResult& result)
+        : fixed_(fixed), movable_(movable), result_(result)
+    {}
+
+    /// As SVG or PNG, by the suffix. Raises bat_InputError when the file cannot be written.
+    void Save(const std::string& path) const;
+
+    /// Whether a picture could stand there, as far as that can be told in advance. Raises bat_UsageError for
+    /// a suffix that names no format, bat_InputError for a folder that takes no file.
+    static void RequirePlace(const std::string& path);
+
+private:
+    // Without the viewer nobody looks at them.
+    [[maybe_unused]] const bat_Part& fixed_;
+    [[maybe_unused]] const bat_Part& movable_;
+    [[maybe_unused]] const bat_TravelResult& result_;
+};

@@ -1,0 +1,3 @@
+#include <vwr_Canvas.h>
+
+vwr_Canvas::~vwr_Canvas() = default;

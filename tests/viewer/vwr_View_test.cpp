@@ -1,0 +1,139 @@
+// From where one looks, and where anchors and points then lie on the picture.
+
+#include <annC_AnnotationContainer.h>
+#include <annC_Arrow.h>
+#include <annC_NamedAnchor.h>
+#include <annC_Point3DAnchor.h>
+#include <annC_ViewportAnchor.h>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+#include <vwr_Scene.h>
+#include <vwr_Viewport.h>
+
+namespace
+{
+constexpr double NEAR = 1e-12;
+constexpr double INF = std::numeric_limits<double>::infinity();
+constexpr double NAN_ = std::numeric_limits<double>::quiet_NaN();
+
+void ExpectVector(const gsl_Vector& v, const gsl_Vector& expected)
+{
+    EXPECT_NEAR(v.X(), expected.X(), NEAR);
+    EXPECT_NEAR(v.Y(), expected.Y(), NEAR);
+    EXPECT_NEAR(v.Z(), expected.Z(), NEAR);
+}
+
+TEST(View, HasTheAxesOfDirectionAndUp)
+{
+    struct Row
+    {
+        const char* what;
+        gsl_Vector direction, up, right, top;
+    };
+    const Row rows[] = {{"from the front", {0, 1, 0}, {0, 0, 1}, {1, 0, 0}, {0, 0, 1}},
+                        {"upside down", {0, 0, -1}, {0, -1, 0}, {-1, 0, 0}, {0, -1, 0}},
+                        {"from below", {0, 0, 1}, {0, 1, 0}, {-1, 0, 0}, {0, 1, 0}},
+                        {"lengths do not count", {0, 1e200, 0}, {0, 0, 1e-200}, {1, 0, 0}, {0, 0, 1}},
+                        {"an up that leans", {0, 0, -1}, {0, 3, 4}, {1, 0, 0}, {0, 1, 0}},
+                        {"no direction", {0, 0, 0}, {0, 0, 1}, {1, 0, 0}, {0, 1, 0}},
+                        {"no number", {NAN_, 0, 1}, {0, 0, 1}, {1, 0, 0}, {0, 1, 0}},
+                        {"up along the direction", {0, 1, 0}, {0, -5, 0}, {1, 0, 0}, {0, 0, 1}},
+                        {"up infinite", {0, 1, 0}, {0, INF, 0}, {1, 0, 0}, {0, 0, 1}},
+                        {"down along z, no up", {0, 0, -1}, {0, 0, 0}, {1, 0, 0}, {0, 1, 0}}};
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.what);
+        const vwr_View view = vwr_View::Along(row.direction, row.up);
+        ExpectVector(view.Right(), row.right);
+        ExpectVector(view.Up(), row.top);
+    }
+}
+
+TEST(View, AxesAreThoseOfTheDirectionWhateverItIs)
+{
+    std::mt19937 random(5);
+    std::normal_distribution<double> draw;
+    for (int i = 0; i < 2000; ++i)
+    {
+        const gsl_Vector direction(draw(random), draw(random), draw(random));
+        const gsl_Vector up(draw(random), draw(random), draw(random));
+        const vwr_View view = vwr_View::Along(direction, up);
+        EXPECT_NEAR(std::hypot(std::hypot(view.X(), view.Y(), view.Z()), view.W()), 1.0, NEAR);
+        const gsl_Vector eye = direction * (-1.0 / direction.Magnitude());
+        ExpectVector(view.TowardsEye(), eye);
+        EXPECT_NEAR(view.Right().DotProduct(up), 0.0, 1e-11);
+        EXPECT_GT(view.Up().DotProduct(up), 0.0);
+        ExpectVector(view.Right().CrossProduct(view.Up()), eye);
+        ExpectVector(vwr_View(-3.0 * view.X(), -3.0 * view.Y(), -3.0 * view.Z(), -3.0 * view.W()).Right(),
+                     view.Right());
+    }
+    ExpectVector(vwr_View(0.0, 0.0, 0.0, 0.0).Right(), {1.0, 0.0, 0.0});
+    ExpectVector(vwr_View(0.0, INF, 0.0, 0.0).Right(), {1.0, 0.0, 0.0});
+    ExpectVector(vwr_View::Isometric().TowardsEye(), gsl_Vector(1.0, 1.0, 1.0) * std::sqrt(1.0 / 3.0));
+}
+
+// A part of these points, with no triangle: the view is fitted to the points.
+vwr_Scene SceneOf(std::vector<gsl_Point> points)
+{
+    vwr_Scene scene;
+    scene.width = 200;
+    scene.height = 100;
+    scene.parts.resize(1);
+    scene.parts[0].points = std::move(points);
+    return scene;
+}
+
+void ExpectSpot(vwr_Spot spot, double x, double y)
+{
+    EXPECT_NEAR(spot.x, x, 1e-9);
+    EXPECT_NEAR(spot.y, y, 1e-9);
+}
+
+TEST(Viewport, AnchorsOfAllKindsAndOffsetsInMillimetres)
+{
+    // 20 x 2: the width decides; a unit is 0.84 * 200 / 20 pixels.
+    const vwr_Viewport viewport(
+        SceneOf({{-10, 4, 7}, {10, 6, -3}, {NAN_, 0, 0}, {0, INF, 0}, {0, 0, 1e300}}));
+    EXPECT_DOUBLE_EQ(viewport.Scale(), 8.4);
+    for (int position = 0; position <= 8; ++position)
+    {
+        const annC_NamedAnchor named{static_cast<annC_RelativePositionEnm>(position)};
+        ExpectSpot(viewport.Place(&named), 100.0 * (position % 3), 100.0 - 50.0 * (position / 3));
+    }
+    const annC_ViewportAnchor given(25.0, 110.0);
+    ExpectSpot(viewport.Place(&given), 50.0, -10.0);
+    const annC_Point3DAnchor model(-10.0, 4.0, 0.0);
+    ExpectSpot(viewport.Place(&model), 16.0, 58.4);
+    ExpectSpot(viewport.Place(&model, 25.4, 12.7), 112.0, 10.4);
+    ExpectSpot(viewport.Place(nullptr), 0.0, 100.0);
+    const annC_Point3DAnchor nowhere(NAN_, 0.0, 0.0);
+    EXPECT_FALSE(viewport.Place(&nowhere).IsFinite());
+    EXPECT_NEAR(viewport.Project({0, 0, 7}).nearness - viewport.Project({0, 0, -3}).nearness, 84.0, 1e-9);
+}
+
+TEST(Viewport, TheViewIsFittedAsItIsSeen)
+{
+    vwr_Scene scene = SceneOf({{0, 0, 0}, {0, 0, 100}});
+    scene.view = vwr_View::Along({0, 1, 0}, {0, 0, 1});
+    const vwr_Viewport upright(scene);
+    EXPECT_DOUBLE_EQ(upright.Scale(), 0.84);
+    ExpectSpot(upright.Project({0, 0, 100}).spot, 100.0, 8.0);
+    scene.view = vwr_View();
+    EXPECT_DOUBLE_EQ(vwr_Viewport(scene).Scale(), vwr_Viewport::PIXELS_PER_MM) << "all in one point";
+}
+
+TEST(Viewport, WithoutPartsThe3DAnchorsAreFitted)
+{
+    annC_AnnotationContainer annotations;
+    annC_Arrow arrow;
+    arrow.startAnchor = annC_AnchorCow(new annC_Point3DAnchor(1000.0, 0.0, 0.0));
+    arrow.endAnchor = annC_AnchorCow(new annC_Point3DAnchor(1042.0, 0.0, 0.0));
+    annotations.Insert("A", arrow);
+    vwr_Scene scene = SceneOf({});
+    scene.annotations = &annotations;
+    const vwr_Viewport viewport(scene);
+    ExpectSpot(viewport.Place(arrow.startAnchor.AsPtr()), 16.0, 50.0);
+    ExpectSpot(viewport.Place(arrow.endAnchor.AsPtr()), 184.0, 50.0);
+}
+}

@@ -1,6 +1,5 @@
 #include <bio_DataException.h>
 #include <bio_Ifilter.h>
-#include <bit>
 #include <cstring>
 #include <nex_RaiseWith.h>
 
@@ -8,15 +7,6 @@ namespace
 {
 constexpr const char* SOURCE = "Base/bio/bio_Ifilter";
 constexpr bool NATIVE_ORDER = std::endian::native == std::endian::little;
-
-template <class U>
-U Decode(const unsigned char* at)
-{
-    U bits = 0;
-    for (std::size_t i = 0; i < sizeof bits; ++i)
-        bits = static_cast<U>(bits | (static_cast<U>(at[i]) << (8 * i)));
-    return bits;
-}
 
 template <class T>
 void FillArray(bio_Ifilter& in, std::span<T> values)
@@ -30,20 +20,8 @@ void FillArray(bio_Ifilter& in, std::span<T> values)
 }
 }
 
-const unsigned char* bio_Ifilter::Take(std::size_t count)
+void bio_Ifilter::RaiseEnd(std::uint64_t count, std::size_t bytesEach) const
 {
-    if (count > Left())
-        Require(count, 1);
-    const unsigned char* at = bytes_.data() + next_;
-    next_ += count;
-    return at;
-}
-
-void bio_Ifilter::Require(std::uint64_t count, std::size_t bytesEach) const
-{
-    // By division: the product may be beyond 64 bits.
-    if (bytesEach == 0 || count <= Left() / bytesEach)
-        return;
     constexpr std::uint64_t WIDEST = ~std::uint64_t{0};
     const std::uint64_t needed = count > WIDEST / bytesEach ? WIDEST : count * bytesEach;
     nex_Raise(bio_DataException::EndOfData(base_ + bytes_.size(), static_cast<std::size_t>(needed - Left())),
@@ -58,38 +36,6 @@ void bio_Ifilter::Read(bool& value)
         nex_Raise(bio_DataException::BadBool(Position(), byte), SOURCE, __LINE__);
     ++next_;
     value = byte == 1;
-}
-void bio_Ifilter::Read(char& value)
-{
-    value = static_cast<char>(*Take(1));
-}
-void bio_Ifilter::Read(std::uint16_t& value)
-{
-    value = Decode<std::uint16_t>(Take(sizeof value));
-}
-void bio_Ifilter::Read(std::int32_t& value)
-{
-    value = static_cast<std::int32_t>(Decode<std::uint32_t>(Take(sizeof value)));
-}
-void bio_Ifilter::Read(std::uint32_t& value)
-{
-    value = Decode<std::uint32_t>(Take(sizeof value));
-}
-void bio_Ifilter::Read(std::int64_t& value)
-{
-    value = static_cast<std::int64_t>(Decode<std::uint64_t>(Take(sizeof value)));
-}
-void bio_Ifilter::Read(std::uint64_t& value)
-{
-    value = Decode<std::uint64_t>(Take(sizeof value));
-}
-void bio_Ifilter::Read(float& value)
-{
-    value = std::bit_cast<float>(Decode<std::uint32_t>(Take(sizeof value)));
-}
-void bio_Ifilter::Read(double& value)
-{
-    value = std::bit_cast<double>(Decode<std::uint64_t>(Take(sizeof value)));
 }
 
 void bio_Ifilter::Read(cow_String& value)
@@ -135,15 +81,4 @@ int bio_Ifilter::ReadCount(std::size_t bytesEach)
     probe.Require(static_cast<std::uint64_t>(count), bytesEach);
     *this = probe;
     return count;
-}
-
-bio_Ifilter bio_Ifilter::Sub(std::size_t count)
-{
-    const std::size_t begin = Position();
-    return bio_Ifilter(std::span<const unsigned char>(Take(count), count), begin);
-}
-
-void bio_Ifilter::Skip(std::size_t count)
-{
-    Take(count);
 }

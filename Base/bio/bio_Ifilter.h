@@ -1,8 +1,10 @@
 #pragma once
 
 #include <bas_Export.h>
+#include <bio_LittleEndian.h>
 #include <cow_String.h>
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -21,14 +23,14 @@ public:
 
     /// A byte other than 0 and 1 is refused.
     void Read(bool& value);
-    void Read(char& value);
-    void Read(std::uint16_t& value);
-    void Read(std::int32_t& value);
-    void Read(std::uint32_t& value);
-    void Read(std::int64_t& value);
-    void Read(std::uint64_t& value);
-    void Read(float& value);
-    void Read(double& value);
+    void Read(char& value) { value = static_cast<char>(*Take(1)); }
+    void Read(std::uint16_t& value) { value = Load<std::uint16_t>(); }
+    void Read(std::int32_t& value) { value = static_cast<std::int32_t>(Load<std::uint32_t>()); }
+    void Read(std::uint32_t& value) { value = Load<std::uint32_t>(); }
+    void Read(std::int64_t& value) { value = static_cast<std::int64_t>(Load<std::uint64_t>()); }
+    void Read(std::uint64_t& value) { value = Load<std::uint64_t>(); }
+    void Read(float& value) { value = std::bit_cast<float>(Load<std::uint32_t>()); }
+    void Read(double& value) { value = std::bit_cast<double>(Load<std::uint64_t>()); }
     /// A length below 0 or beyond the bytes left is refused.
     void Read(cow_String& value);
     template <class T>
@@ -44,10 +46,28 @@ public:
     /// left is refused, so that the caller may allocate for them.
     int ReadCount(std::size_t bytesEach);
     /// Throws unless `count` elements of `bytesEach` bytes are left.
-    void Require(std::uint64_t count, std::size_t bytesEach) const;
+    void Require(std::uint64_t count, std::size_t bytesEach) const
+    {
+        // By division: the product may be beyond 64 bits.
+        if (bytesEach != 0 && count > Left() / bytesEach)
+            RaiseEnd(count, bytesEach);
+    }
     /// The next `count` bytes as a filter of their own, which reports positions as this one does; skips them.
-    bio_Ifilter Sub(std::size_t count);
-    void Skip(std::size_t count);
+    bio_Ifilter Sub(std::size_t count)
+    {
+        const std::size_t begin = Position();
+        return bio_Ifilter(std::span<const unsigned char>(Take(count), count), begin);
+    }
+    void Skip(std::size_t count) { Take(count); }
+    /// The next `count` bytes, in place; skips them.
+    const unsigned char* Take(std::size_t count)
+    {
+        if (count > Left())
+            RaiseEnd(count, 1);
+        const unsigned char* at = bytes_.data() + next_;
+        next_ += count;
+        return at;
+    }
 
     /// Of the next byte, from the start of the outermost data.
     std::size_t Position() const { return base_ + next_; }
@@ -56,7 +76,12 @@ public:
     std::span<const unsigned char> Rest() const { return bytes_.subspan(next_); }
 
 private:
-    const unsigned char* Take(std::size_t count);
+    template <class U>
+    U Load()
+    {
+        return bio_Load<U>(Take(sizeof(U)));
+    }
+    [[noreturn]] void RaiseEnd(std::uint64_t count, std::size_t bytesEach) const;
 
     std::span<const unsigned char> bytes_;
     std::size_t base_ = 0;

@@ -1,3 +1,4 @@
+#include <bio_LittleEndian.h>
 #include <bio_Ofilter.h>
 #include <bit>
 #include <cstring>
@@ -12,17 +13,10 @@ constexpr bool NATIVE_ORDER = std::endian::native == std::endian::little;
 constexpr std::size_t LONG_RUN = 65536;
 
 template <class U>
-void Encode(unsigned char* at, U bits)
-{
-    for (std::size_t i = 0; i < sizeof bits; ++i)
-        at[i] = static_cast<unsigned char>(bits >> (8 * i));
-}
-
-template <class U>
 void Add(std::vector<unsigned char>& bytes, U bits)
 {
     unsigned char encoded[sizeof bits];
-    Encode(encoded, bits);
+    bio_Store(encoded, bits);
     bytes.insert(bytes.end(), encoded, encoded + sizeof encoded);
 }
 
@@ -42,7 +36,7 @@ void Overwrite(std::vector<unsigned char>& bytes, std::size_t position, U bits)
     if (position > bytes.size() || bytes.size() - position < sizeof bits)
         nex_RaiseRange(static_cast<long long>(position), static_cast<long long>(bytes.size()),
                        "Base/bio/bio_Ofilter", __LINE__);
-    Encode(bytes.data() + position, bits);
+    bio_Store(bytes.data() + position, bits);
 }
 }
 

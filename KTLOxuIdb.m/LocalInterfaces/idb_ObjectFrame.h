@@ -66,4 +66,5 @@ private:
     std::uint64_t partsSeen_ = 0;
     std::vector<std::uint32_t> bases_;   // by class index, 1 more than the index of the base found good last
     std::deque<idb_PartReader> readers_; // of parts -1, 0, 1, ...
+    std::vector<const idb_PartReader*> readerPlaces_;
 };

@@ -47,6 +47,8 @@ private:
     const idb_PartAttribute* Begin(const cls_FieldHandle& field) const;
     template <class T>
     bool ReadSingle(const cls_FieldHandle& field, cls_AttributeType type, T& value) const;
+    /// The text in the attribute; one equal to the attribute's former one shares it.
+    cow_String ReadText(bio_Ifilter& in, const idb_PartAttribute& attribute) const;
     /// A collection that a factory gave; null raises, since the factory was asked for `asked`.
     template <class P>
     P Given(P reader, const cls_FieldHandle& field, cls_CollectionType asked) const;

@@ -53,12 +53,12 @@ private:
     void Open() const;
     /// The declared attribute; one that is not declared, of another type or written before is refused.
     const cls_Attribute& Declared(const cls_FieldHandle& field, cls_AttributeType type) const;
-    bio_Ofilter& Begin(const cls_FieldHandle& field, cls_AttributeType type) const;
     void BeginCollection(const cls_FieldHandle& field, cls_CollectionType asked) const;
     void RequireCollection(const cls_Attribute& attribute, cls_CollectionType asked) const;
-    bio_Ofilter& EmitHead(const cls_Attribute& attribute) const;
-    /// Ends the attribute begun last, and the current collection writer with it.
-    void End() const;
+    /// The head of the attribute declared last, into bytes of its size; what is behind it.
+    unsigned char* StoreHead(unsigned char* at, const cls_Attribute& attribute, std::uint64_t length) const;
+    /// Ends the collection begun last, and its writer with it.
+    void EndCollection() const;
     template <class T>
     void WriteSingle(const cls_FieldHandle& field, cls_AttributeType type, const T& value) const;
 
@@ -75,4 +75,5 @@ private:
     mutable std::size_t lengthAt_ = 0;
     mutable std::size_t attributeLengthAt_ = 0;
     mutable std::vector<std::size_t> written_; // attributes, by place
+    mutable bool inOrder_ = true;              // each behind the one before it
 };

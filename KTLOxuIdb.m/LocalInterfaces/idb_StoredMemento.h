@@ -9,6 +9,7 @@
 #include <idb_MementoLimits.h>
 
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <unordered_map>
 #include <vector>
@@ -21,6 +22,9 @@ struct idb_StoredAttribute
     unsigned type = 0;
     unsigned typeId = 0;
     unsigned collection = 0;
+
+    bool IsNamed(const char* other) const { return isPlain && std::strcmp(name.AsCharPtr(), other) == 0; }
+    bool isPlain = true; ///< the name has no zero byte
 };
 
 /// A class as the memento describes it, and what the registrar knows under its type id: null for nothing.
@@ -31,6 +35,7 @@ struct idb_StoredClass
     unsigned version = 0;
     unsigned parentTypeId = 0;
     std::vector<idb_StoredAttribute> attributes;
+    std::size_t firstAttribute = 0; ///< how many the classes before it have
     const cls_ClassMetadata* record = nullptr;
 };
 
@@ -69,6 +74,11 @@ public:
     std::uint64_t Bytes() const { return bytes_.size(); }
     const std::vector<idb_StoredSection>& Sections() const { return sections_; }
     const std::vector<idb_StoredClass>& Classes() const { return classes_; }
+    /// Of all classes together.
+    std::size_t AttributeCount() const
+    {
+        return classes_.empty() ? 0 : classes_.back().firstAttribute + classes_.back().attributes.size();
+    }
     std::uint32_t ObjectCount() const { return static_cast<std::uint32_t>(objects_.size()); }
     /// By number, from 1 to ObjectCount().
     const idb_StoredObject& Object(std::uint32_t number) const { return objects_[number - 1]; }

@@ -6,6 +6,7 @@
 
 #include <deque>
 #include <memory>
+#include <vector>
 
 /// The body of one object while it is written. Serves one object after another, so that nothing is allocated
 /// for each.
@@ -19,7 +20,7 @@ public:
     /// Begins an object: the writer of its last part.
     const idb_PartWriter& Begin();
     /// Ends it; all that it wrote is in the stream.
-    void End() { parts_.front().Close(); }
+    void End() { partPlaces_.front()->Close(); }
 
     idb_MementoWrite& Memento() const { return memento_; }
     bio_Ofilter& Stream() { return stream_; }
@@ -34,6 +35,7 @@ private:
     idb_MementoWrite& memento_;
     bio_Ofilter stream_;
     std::deque<idb_PartWriter> parts_;
+    std::vector<const idb_PartWriter*> partPlaces_;
     const idb_PartWriter* open_ = nullptr;
     std::unique_ptr<idb_CollectionWriter> collection_; // of the attribute being written
 };

@@ -123,6 +123,8 @@ private:
 
     /// Refuses a text at the stream's position that is too long.
     void RequireText(const bio_Ifilter& in) const;
+    /// The text read last for an attribute, by its place among those of all classes: most are as before.
+    cow_String& LastText(std::size_t place);
     template <class T>
     void RequireTexts(const cow_List<T>& values) const;
     /// Whether the object was read into a body that others may share, not into a value.

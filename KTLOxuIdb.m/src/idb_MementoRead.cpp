@@ -100,6 +100,7 @@ struct idb_MementoRead::Body
           stored(looked, bounds),
           nothing(self),
           states(stored.ObjectCount()),
+          texts(stored.AttributeCount()),
           budget(limits.budgetFactor * stored.Bytes() + limits.budgetBase)
     {}
 
@@ -110,6 +111,7 @@ struct idb_MementoRead::Body
     std::deque<idb_ObjectFrame> frames; // by depth
     std::size_t depth = 0;
     std::vector<State> states;
+    std::vector<cow_String> texts; // by attribute of a class
     std::vector<unsigned> fits; // by class index, the declared class that it was found to descend from last
     std::uint64_t budget;
     std::uint64_t charged = 0;
@@ -219,13 +221,15 @@ std::unique_ptr<cls_Persistent> idb_MementoRead::Create(std::uint32_t number)
     Body& body = *body_;
     const idb_StoredClass& stored = body.stored.ClassOf(number);
     const idb_StoredObject& object = body.stored.Object(number);
-    const idb_Fault::Place place = {static_cast<std::int64_t>(object.at), number, stored.name};
+    const auto place = [&] {
+        return idb_Fault::Place{static_cast<std::int64_t>(object.at), number, stored.name};
+    };
     const cls_AdapterBase* const adapter = stored.record->Adapter();
     if (adapter == nullptr || adapter->IsAbstract())
-        idb_Fault::Raise(SOURCE, __LINE__, place, idb_Fault::IS_ABSTRACT, Text(number), stored.name,
+        idb_Fault::Raise(SOURCE, __LINE__, place(), idb_Fault::IS_ABSTRACT, Text(number), stored.name,
                          idb_Fault::Hexadecimal(stored.typeId));
     if (body.depth == body.limits.depth)
-        idb_Fault::Raise(SOURCE, __LINE__, place, idb_Fault::READ_LIMIT, idb_Fault::DEPTH);
+        idb_Fault::Raise(SOURCE, __LINE__, place(), idb_Fault::READ_LIMIT, idb_Fault::DEPTH);
     Charge(OBJECT_COST + object.length);
     while (body.frames.size() <= body.depth)
         body.frames.emplace_back(*this);
@@ -248,7 +252,7 @@ std::unique_ptr<cls_Persistent> idb_MementoRead::Create(std::uint32_t number)
     }
     catch (const KTLBasException& fault)
     {
-        idb_Fault::Raise(SOURCE, __LINE__, place, idb_Fault::OBJECT_DATA, Text(number), stored.name,
+        idb_Fault::Raise(SOURCE, __LINE__, place(), idb_Fault::OBJECT_DATA, Text(number), stored.name,
                          fault.UserReport());
     }
 }
@@ -268,6 +272,11 @@ void idb_MementoRead::RequireText(const bio_Ifilter& in) const
     if (length > 0 && static_cast<std::uint64_t>(length) > body_->limits.text)
         idb_Fault::Raise(SOURCE, __LINE__, {.byte = static_cast<std::int64_t>(in.Position())},
                          idb_Fault::READ_LIMIT, idb_Fault::TEXT_LENGTH);
+}
+
+cow_String& idb_MementoRead::LastText(std::size_t place)
+{
+    return body_->texts[place];
 }
 
 void idb_MementoRead::BeginCollection(cls_CollectionType recorded, const bio_Ifilter& payload)

@@ -1,4 +1,5 @@
 #include <bio_Crc32c.h>
+#include <bio_LittleEndian.h>
 #include <cls_AdapterBase.h>
 #include <cls_MetadataRegistrar.h>
 #include <cls_TypeId.h>
@@ -23,8 +24,6 @@ constexpr const char* SOURCE = "KTLOxuIdb.m/src/idb_MementoWrite";
 constexpr const char* COLLECTION_TYPES = "Error in collections types have: %d looking for: %d %s\n";
 // In place of the number of an object whose writing has not ended.
 constexpr std::uint32_t UNDER_WAY = 0;
-
-constexpr std::size_t CACHED = 1u << 17;
 
 struct Root
 {
@@ -70,7 +69,6 @@ struct idb_MementoWrite::Body
 
     std::deque<idb_WriteFrame> frames; // by depth
     std::size_t depth = 0;
-    bio_Ofilter objectHead;
 
     std::vector<unsigned char> bytes;
 
@@ -163,29 +161,31 @@ std::uint32_t idb_MementoWrite::Write(const cls_ObjectSource& source)
     const idb_PartWriter& writer = frame.Begin();
     source.Write(writer);
     const cls_ClassMetadata* const record = writer.Record();
-    const idb_Fault::Place where = {.className = registrar.NameOf(source.TypeId())};
-    const cow_String id = idb_Fault::Hexadecimal(source.TypeId());
+    const auto refuse = [&](int line, const char* message, const auto&... more) {
+        const cow_String name = registrar.NameOf(source.TypeId());
+        idb_Fault::Raise(SOURCE, line, {.className = name}, message, name, more...);
+    };
     if (record == nullptr)
-        idb_Fault::Raise(SOURCE, __LINE__, where, idb_Fault::NOT_ANNOUNCED, where.className, id);
+        refuse(__LINE__, idb_Fault::NOT_ANNOUNCED, idb_Fault::Hexadecimal(source.TypeId()));
     // What is announced counts: constants of enumerations without metadata are stored as plain constants. A
     // class with metadata of its own would come back as another one.
     if (record->TypeId() != source.TypeId() && registrar.Find(source.TypeId()) != nullptr)
-        idb_Fault::Raise(SOURCE, __LINE__, where, idb_Fault::WRITES_AS, where.className, id, record->Name());
+        refuse(__LINE__, idb_Fault::WRITES_AS, idb_Fault::Hexadecimal(source.TypeId()), record->Name());
     if (record->Adapter() == nullptr || record->Adapter()->IsAbstract())
-        idb_Fault::Raise(SOURCE, __LINE__, where, idb_Fault::WRITE_ABSTRACT, record->Name(),
-                         idb_Fault::Hexadecimal(record->TypeId()));
+        idb_Fault::Raise(SOURCE, __LINE__, {.className = registrar.NameOf(source.TypeId())},
+                         idb_Fault::WRITE_ABSTRACT, record->Name(), idb_Fault::Hexadecimal(record->TypeId()));
     frame.End();
     if (frame.Stream().Failed())
-        idb_Fault::Raise(SOURCE, __LINE__, where, idb_Fault::INCOMPLETE, where.className);
+        refuse(__LINE__, idb_Fault::INCOMPLETE);
     --body.depth;
 
     if (body.objectCount == body.limits.objects)
         Body::RefuseLimit(idb_Fault::OBJECTS);
     ++body.objectCount;
-    body.objectHead.Write(body.objectCount);
-    body.objectHead.Write(writer.ClassIndex());
-    body.objectHead.Write(static_cast<std::uint64_t>(frame.Stream().Position()));
-    body.objects.Append(body.objectHead);
+    unsigned char head[Format::OBJECT_HEAD_BYTES];
+    bio_Store(bio_Store(bio_Store(head, body.objectCount), writer.ClassIndex()),
+              static_cast<std::uint64_t>(frame.Stream().Position()));
+    body.objects.Append(std::span<const unsigned char>(head));
     body.objects.Append(frame.Stream());
     if (body.objects.Length() > body.limits.bytes)
         Body::RefuseLimit(idb_Fault::TOTAL_BYTES);
@@ -282,21 +282,8 @@ void idb_MementoWrite::Assemble()
     WriteSectionHead(front, Format::OBJECTS, sizeof(std::uint32_t) + body.objects.Length());
     front.Write(body.objectCount);
     std::uint32_t checksum = bio_Crc32c(std::span(front.Bytes()).subspan(begin));
-    if (!body.toFile)
-    {
-        body.bytes.reserve(total);
-        body.bytes.insert(body.bytes.end(), front.Bytes().begin(), front.Bytes().end());
-    }
-    for (std::span<const unsigned char> piece : objects)
-        while (!piece.empty())
-        {
-            // A block at a time, which the second pass over it finds in the processor's cache.
-            const std::span<const unsigned char> block = piece.first(std::min(piece.size(), CACHED));
-            if (!body.toFile)
-                body.bytes.insert(body.bytes.end(), block.begin(), block.end());
-            checksum = bio_Crc32c(block, checksum);
-            piece = piece.subspan(block.size());
-        }
+    for (const std::span<const unsigned char> piece : objects)
+        checksum = bio_Crc32c(piece, checksum);
     bio_Ofilter back;
     back.Write(checksum);
     digest.Add(checksum);
@@ -308,7 +295,7 @@ void idb_MementoWrite::Assemble()
 
     if (!body.toFile)
     {
-        body.bytes.insert(body.bytes.end(), back.Bytes().begin(), back.Bytes().end());
+        body.bytes = body.objects.Take(front.Bytes(), back.Bytes());
         return;
     }
     std::vector<std::span<const unsigned char>> pieces = {front.Bytes()};

@@ -3,6 +3,8 @@
 #include <idb_Fault.h>
 #include <idb_ObjectFrame.h>
 
+#include <cstring>
+
 namespace
 {
 constexpr const char* SOURCE = "KTLOxuIdb.m/src/idb_ObjectFrame";
@@ -17,7 +19,6 @@ void idb_ObjectFrame::Open(const idb_StoredMemento& stored, const idb_MementoLim
     parts_.clear();
     attributes_.clear();
     bases_.resize(stored.Classes().size());
-    const cls_ClassRegistrar& registrar = cls_MetadataRegistrar::Instance().Registrar();
     const cow_String& name = Class().name;
     bio_Ifilter in = stored.Body(number);
     while (in.Left() != 0)
@@ -35,7 +36,7 @@ void idb_ObjectFrame::Open(const idb_StoredMemento& stored, const idb_MementoLim
         const idb_StoredClass& own = ClassOf(parts_.back());
         const idb_StoredClass& base = ClassOf(parts_[parts_.size() - 2]);
         if (own.typeId == base.typeId || base.typeId == cls_UniversalRoot ||
-            !registrar.InheritanceCheck(own.typeId, base.typeId))
+            !cls_MetadataRegistrar::Instance().Registrar().InheritanceCheck(own.typeId, base.typeId))
             idb_Fault::Raise(SOURCE, __LINE__, {static_cast<std::int64_t>(in.Position()), number, name},
                              idb_Fault::NO_BASE, Text(number), name, base.name, own.name);
         known = baseIndex + 1;
@@ -56,7 +57,7 @@ void idb_ObjectFrame::OpenPart(bio_Ifilter& in)
                          Text(part.classIndex), Text(at), Text(stored_->Classes().size()));
     const idb_StoredClass& partClass = ClassOf(part);
     cls_Uid::Bytes uid;
-    in.ReadRaw(uid.data(), uid.size());
+    std::memcpy(uid.data(), in.Take(uid.size()), uid.size());
     part.uid = cls_Uid(uid);
     std::uint64_t length = 0;
     in.Read(length);
@@ -72,12 +73,12 @@ void idb_ObjectFrame::OpenPart(bio_Ifilter& in)
     for (std::uint32_t i = 0; i < count; ++i)
     {
         const std::uint64_t attributeAt = rest.Position();
-        idb_PartAttribute attribute;
-        std::uint64_t bytes = 0;
-        rest.Read(attribute.index);
-        rest.Read(attribute.type);
-        rest.Read(attribute.collection);
-        rest.Read(bytes);
+        const unsigned char* const head = rest.Take(idb_MementoFormat::ATTRIBUTE_HEAD_BYTES);
+        idb_PartAttribute& attribute = attributes_.emplace_back();
+        attribute.index = bio_Load<std::uint16_t>(head);
+        attribute.type = bio_Load<std::uint16_t>(head + 2);
+        attribute.collection = bio_Load<std::uint16_t>(head + 4);
+        const auto bytes = bio_Load<std::uint64_t>(head + 6);
         rest.Require(bytes, 1);
         if (attribute.index >= partClass.attributes.size())
             idb_Fault::Raise(SOURCE, __LINE__,
@@ -90,7 +91,6 @@ void idb_ObjectFrame::OpenPart(bio_Ifilter& in)
                              idb_Fault::ATTRIBUTE_TWICE, Text(number_), Class().name,
                              partClass.attributes[attribute.index].name);
         attribute.payload = rest.Sub(bytes);
-        attributes_.push_back(attribute);
     }
     if (rest.Left() != 0)
         idb_Fault::Raise(SOURCE, __LINE__,
@@ -103,10 +103,9 @@ const idb_PartAttribute* idb_ObjectFrame::Find(const idb_StoredPart& part, const
 {
     // Where the layout has not changed, the field's index is the place.
     const std::vector<idb_StoredAttribute>& declared = ClassOf(part).attributes;
-    const std::string_view name = field.name;
     auto place = static_cast<std::size_t>(field.index);
-    if (place >= declared.size() || declared[place].name.View() != name)
-        for (place = 0; place < declared.size() && declared[place].name.View() != name; ++place)
+    if (place >= declared.size() || !declared[place].IsNamed(field.name))
+        for (place = 0; place < declared.size() && !declared[place].IsNamed(field.name); ++place)
         {}
     if (place == declared.size())
         return nullptr;
@@ -121,7 +120,8 @@ const idb_PartAttribute* idb_ObjectFrame::Find(const idb_StoredPart& part, const
 
 const idb_PartReader& idb_ObjectFrame::Reader(int index)
 {
-    while (static_cast<int>(readers_.size()) <= index + 1)
-        readers_.emplace_back(*this, static_cast<int>(readers_.size()) - 1);
-    return readers_[static_cast<std::size_t>(index + 1)];
+    const auto place = static_cast<std::size_t>(index + 1);
+    while (readerPlaces_.size() <= place)
+        readerPlaces_.push_back(&readers_.emplace_back(*this, static_cast<int>(readers_.size()) - 1));
+    return *readerPlaces_[place];
 }

@@ -4,6 +4,7 @@
 #include <idb_ObjectFrame.h>
 #include <idb_PartReader.h>
 
+#include <cstring>
 #include <unordered_set>
 
 namespace
@@ -208,10 +209,35 @@ bool idb_PartReader::ReadSingle(const cls_FieldHandle& field, cls_AttributeType 
     if constexpr (std::is_same_v<T, cow_String>)
         frame_.Memento().RequireText(in);
     T found{};
-    in.Read(found);
+    if constexpr (std::is_same_v<T, cow_String>)
+        found = ReadText(in, *attribute);
+    else
+        in.Read(found);
     RequireEnd(in);
     value = std::move(found);
     return true;
+}
+
+cow_String idb_PartReader::ReadText(bio_Ifilter& in, const idb_PartAttribute& attribute) const
+{
+    constexpr std::size_t LENGTH_BYTES = 4;
+    constexpr int LONGEST_KEPT = 64;
+    cow_String& last =
+        frame_.Memento().LastText(frame_.ClassOf(frame_.Part(part_)).firstAttribute + attribute.index);
+    const std::span<const unsigned char> rest = in.Rest();
+    const auto length = static_cast<std::size_t>(last.Length());
+    if (length != 0 && rest.size() == LENGTH_BYTES + length &&
+        bio_Load<std::uint32_t>(rest.data()) == length &&
+        std::memcmp(rest.data() + LENGTH_BYTES, last.AsCharPtr(), length) == 0)
+    {
+        in.Skip(rest.size());
+        return last;
+    }
+    cow_String text;
+    in.Read(text);
+    if (text.Length() <= LONGEST_KEPT)
+        last = text;
+    return text;
 }
 
 template <class P>
@@ -243,6 +269,7 @@ template <class K>
 void idb_PartReader::RequireDistinct(const cow_List<K>& keys, const cls_FieldHandle& field) const
 {
     std::unordered_set<K> seen;
+    seen.reserve(static_cast<std::size_t>(keys.Length()));
     for (const K& key : keys)
         if (!seen.insert(key).second)
             idb_Fault::Raise(SOURCE, __LINE__, {-1, frame_.Number(), frame_.Class().name},

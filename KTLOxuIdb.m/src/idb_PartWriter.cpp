@@ -1,17 +1,22 @@
+#include <bio_LittleEndian.h>
 #include <bio_Ofilter.h>
 #include <cls_ClassMetadata.h>
 #include <cls_MetadataRegistrar.h>
 #include <idb_Fault.h>
+#include <idb_MementoFormat.h>
 #include <idb_MementoWrite.h>
 #include <idb_PartWriter.h>
 #include <idb_WriteFrame.h>
 
 #include <algorithm>
+#include <bit>
+#include <cstring>
 
 namespace
 {
 constexpr const char* SOURCE = "KTLOxuIdb.m/src/idb_PartWriter";
 constexpr const char* BASE_AFTER = "idb_PartWriter: a base part is announced or written out of its turn";
+namespace Format = idb_MementoFormat;
 using idb_Fault::Text;
 using Type = cls_AttributeType;
 using Code = cls_CollectionType;
@@ -65,13 +70,13 @@ void idb_PartWriter::Open() const
     opened_ = true;
     frame_.SetOpen(this);
     written_.clear();
+    inOrder_ = true;
     bio_Ofilter& out = frame_.Stream();
     const cls_Uid::Bytes uid = uid_.AsBytes();
-    out.Write(classIndex_);
-    out.WriteRaw(uid.data(), uid.size());
-    lengthAt_ = out.Position();
-    out.Write(std::uint64_t{0});
-    out.Write(std::uint32_t{0});
+    unsigned char head[Format::PART_HEAD_BYTES + sizeof(std::uint32_t)] = {};
+    std::memcpy(bio_Store(head, classIndex_), uid.data(), uid.size());
+    lengthAt_ = out.Position() + sizeof classIndex_ + uid.size();
+    out.WriteRaw(head, sizeof head);
 }
 
 void idb_PartWriter::Close() const
@@ -96,32 +101,30 @@ const cls_Attribute& idb_PartWriter::Declared(const cls_FieldHandle& field, cls_
             std::find_if(declared.begin(), declared.end(),
                          [&](const cls_Attribute& attribute) { return attribute.name.View() == name; }) -
             declared.begin());
-    const idb_Fault::Place where = {.className = record_->Name()};
     if (place == declared.size())
-        idb_Fault::Raise(SOURCE, __LINE__, where, idb_Fault::NOT_DECLARED, record_->Name(), field.name);
+        idb_Fault::Raise(SOURCE, __LINE__, {.className = record_->Name()}, idb_Fault::NOT_DECLARED,
+                         record_->Name(), field.name);
     if (declared[place].type != type)
-        idb_Fault::Raise(SOURCE, __LINE__, where, idb_Fault::WRITTEN_TYPE, record_->Name(), field.name,
-                         Text(static_cast<unsigned>(type)),
+        idb_Fault::Raise(SOURCE, __LINE__, {.className = record_->Name()}, idb_Fault::WRITTEN_TYPE,
+                         record_->Name(), field.name, Text(static_cast<unsigned>(type)),
                          Text(static_cast<unsigned>(declared[place].type)));
-    if (std::find(written_.begin(), written_.end(), place) != written_.end())
-        idb_Fault::Raise(SOURCE, __LINE__, where, idb_Fault::WRITTEN_TWICE, record_->Name(), field.name);
+    inOrder_ = inOrder_ && (written_.empty() || written_.back() < place);
+    if (!inOrder_ && std::find(written_.begin(), written_.end(), place) != written_.end())
+        idb_Fault::Raise(SOURCE, __LINE__, {.className = record_->Name()}, idb_Fault::WRITTEN_TWICE,
+                         record_->Name(), field.name);
     written_.push_back(place);
     return declared[place];
-}
-
-bio_Ofilter& idb_PartWriter::Begin(const cls_FieldHandle& field, cls_AttributeType type) const
-{
-    const cls_Attribute& attribute = Declared(field, type);
-    if (attribute.collection != Code::SINGLE)
-        RequireCollection(attribute, Code::SINGLE);
-    return EmitHead(attribute);
 }
 
 void idb_PartWriter::BeginCollection(const cls_FieldHandle& field, cls_CollectionType asked) const
 {
     const cls_Attribute& attribute = Declared(field, Type::OBJECT);
     RequireCollection(attribute, asked);
-    EmitHead(attribute);
+    bio_Ofilter& out = frame_.Stream();
+    unsigned char head[Format::ATTRIBUTE_HEAD_BYTES];
+    StoreHead(head, attribute, 0);
+    out.WriteRaw(head, sizeof head);
+    attributeLengthAt_ = out.Position() - sizeof(std::uint64_t);
 }
 
 void idb_PartWriter::RequireCollection(const cls_Attribute& attribute, cls_CollectionType asked) const
@@ -132,18 +135,16 @@ void idb_PartWriter::RequireCollection(const cls_Attribute& attribute, cls_Colle
                          Text(static_cast<unsigned>(attribute.collection)));
 }
 
-bio_Ofilter& idb_PartWriter::EmitHead(const cls_Attribute& attribute) const
+unsigned char* idb_PartWriter::StoreHead(unsigned char* at, const cls_Attribute& attribute,
+                                         std::uint64_t length) const
 {
-    bio_Ofilter& out = frame_.Stream();
-    out.Write(static_cast<std::uint16_t>(written_.back()));
-    out.Write(static_cast<std::uint16_t>(attribute.type));
-    out.Write(static_cast<std::uint16_t>(attribute.collection));
-    attributeLengthAt_ = out.Position();
-    out.Write(std::uint64_t{0});
-    return out;
+    at = bio_Store(at, static_cast<std::uint16_t>(written_.back()));
+    at = bio_Store(at, static_cast<std::uint16_t>(attribute.type));
+    at = bio_Store(at, static_cast<std::uint16_t>(attribute.collection));
+    return bio_Store(at, length);
 }
 
-void idb_PartWriter::End() const
+void idb_PartWriter::EndCollection() const
 {
     if (const std::unique_ptr<idb_CollectionWriter> collection = std::move(frame_.Collection()))
         collection->Finish();
@@ -155,8 +156,28 @@ void idb_PartWriter::End() const
 template <class T>
 void idb_PartWriter::WriteSingle(const cls_FieldHandle& field, cls_AttributeType type, const T& value) const
 {
-    Begin(field, type).Write(value);
-    End();
+    const cls_Attribute& attribute = Declared(field, type);
+    if (attribute.collection != Code::SINGLE)
+        RequireCollection(attribute, Code::SINGLE);
+    // The length is known beforehand, so that head and value go out at once.
+    unsigned char bytes[Format::ATTRIBUTE_HEAD_BYTES + sizeof(std::uint64_t)];
+    bio_Ofilter& out = frame_.Stream();
+    if constexpr (std::is_same_v<T, cow_String>)
+    {
+        const auto length = static_cast<std::uint32_t>(value.Length());
+        unsigned char* const end =
+            bio_Store(StoreHead(bytes, attribute, sizeof length + std::uint64_t{length}), length);
+        out.WriteRaw(bytes, static_cast<std::size_t>(end - bytes));
+        out.WriteRaw(value.AsCharPtr(), length);
+    }
+    else
+    {
+        using Bits = std::conditional_t<sizeof(T) == 1, std::uint8_t,
+                                        std::conditional_t<sizeof(T) == 4, std::uint32_t, std::uint64_t>>;
+        unsigned char* const end =
+            bio_Store(StoreHead(bytes, attribute, sizeof(Bits)), std::bit_cast<Bits>(value));
+        out.WriteRaw(bytes, static_cast<std::size_t>(end - bytes));
+    }
 }
 
 void idb_PartWriter::WriteBool(const cls_FieldHandle& field, bool value) const
@@ -214,7 +235,7 @@ void idb_PartWriter::PutList(const cls_FieldHandle& field, const cls_PrimSpan& e
             frame_.Memento().MakeWriteListPrim(T(), columns)->Lend(values);
         },
         elements);
-    End();
+    EndCollection();
 }
 
 void idb_PartWriter::PutObjectList(const cls_FieldHandle& field,
@@ -224,7 +245,7 @@ void idb_PartWriter::PutObjectList(const cls_FieldHandle& field,
     idb_WriteListObj* const writer = frame_.Memento().MakeWriteListObj();
     for (const cls_ObjectSource& object : objects)
         writer->Write(frame_.Memento().Write(object));
-    End();
+    EndCollection();
 }
 
 void idb_PartWriter::PutMap(const cls_FieldHandle& field, const cls_KeySpan& keys,
@@ -254,7 +275,7 @@ void idb_PartWriter::PutMap(const cls_FieldHandle& field, const cls_KeySpan& key
             }
         },
         keys, values);
-    End();
+    EndCollection();
 }
 
 void idb_PartWriter::PutObjectMap(const cls_FieldHandle& field, const cls_KeySpan& keys,
@@ -278,5 +299,5 @@ void idb_PartWriter::PutObjectMap(const cls_FieldHandle& field, const cls_KeySpa
                 write(memento.MakeWriteMapString2Obj());
         },
         keys);
-    End();
+    EndCollection();
 }

@@ -33,8 +33,9 @@ void idb_ReadListObj::ReadObjCow(cls_ObjectSink& sink)
     const std::uint32_t number = Number();
     Release();
     memento_.ReadObjPtr(number, sink);
-    if (memento_.IsShared(number))
-        heldTypeId_ = memento_.TypeIdOf(number);
+    const unsigned typeId = memento_.TypeIdOf(number);
+    if (std::find(reported_.begin(), reported_.end(), typeId) == reported_.end() && memento_.IsShared(number))
+        heldTypeId_ = typeId;
 }
 
 std::uint32_t idb_ReadListObj::Number() const

@@ -173,7 +173,9 @@ void idb_StoredMemento::ReadClasses(bio_Ifilter in)
     for (std::uint32_t i = 0; i < count; ++i)
     {
         const std::uint64_t at = in.Position();
+        const std::size_t attributesBefore = AttributeCount();
         idb_StoredClass& stored = classes_.emplace_back();
+        stored.firstAttribute = attributesBefore;
         in.Read(stored.typeId);
         stored.name = ReadText(in);
         in.Read(stored.version);
@@ -192,6 +194,7 @@ void idb_StoredMemento::ReadClasses(bio_Ifilter in)
             std::uint16_t type = 0;
             std::uint16_t collection = 0;
             attribute.name = ReadText(in);
+            attribute.isPlain = attribute.name.View().find('\0') == std::string_view::npos;
             in.Read(type);
             in.Read(attribute.typeId);
             in.Read(collection);

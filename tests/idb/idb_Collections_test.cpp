@@ -212,30 +212,32 @@ concept IsMap = requires(const C& collection)
     collection.KeyAt(0);
 };
 
-bool Read(const cls_ReadVisitor& r, const cls_FieldHandle& field, auto& to)
+template <class C>
+concept HoldsObjects = requires(const C& collection)
 {
-    if constexpr (IsMap<std::remove_cvref_t<decltype(to)>>)
-    {
-        if constexpr (cls_Handle<std::remove_cvref_t<decltype(to.ValueAt(0))>>)
-            return r.ReadSharedMap(field, to);
-        else
-            return r.ReadMap(field, to);
-    }
-    else if constexpr (cls_Handle<std::remove_cvref_t<decltype(to.Get(0))>>)
+    collection.Get({}).IsNull();
+};
+
+template <class C>
+bool Read(const cls_ReadVisitor& r, const cls_FieldHandle& field, C& to)
+{
+    if constexpr (IsMap<C> && HoldsObjects<C>)
+        return r.ReadSharedMap(field, to);
+    else if constexpr (IsMap<C>)
+        return r.ReadMap(field, to);
+    else if constexpr (HoldsObjects<C>)
         return r.ReadSharedList(field, to);
     else
         return r.ReadList(field, to);
 }
-void Write(const cls_WriteVisitor& w, const cls_FieldHandle& field, const auto& from)
+template <class C>
+void Write(const cls_WriteVisitor& w, const cls_FieldHandle& field, const C& from)
 {
-    if constexpr (IsMap<std::remove_cvref_t<decltype(from)>>)
-    {
-        if constexpr (cls_Handle<std::remove_cvref_t<decltype(from.ValueAt(0))>>)
-            w.WriteSharedMap(field, from);
-        else
-            w.WriteMap(field, from);
-    }
-    else if constexpr (cls_Handle<std::remove_cvref_t<decltype(from.Get(0))>>)
+    if constexpr (IsMap<C> && HoldsObjects<C>)
+        w.WriteSharedMap(field, from);
+    else if constexpr (IsMap<C>)
+        w.WriteMap(field, from);
+    else if constexpr (HoldsObjects<C>)
         w.WriteSharedList(field, from);
     else
         w.WriteList(field, from);

@@ -20,7 +20,9 @@ using Part = MementoMaker::Part;
 
 constexpr unsigned char FLIPS[] = {0x01, 0x80, 0xFF};
 constexpr std::uint16_t INT = 5;
+constexpr std::uint16_t DOUBLE = 10;
 constexpr std::uint16_t STRING = 11;
+constexpr std::uint16_t ENUM = 14;
 constexpr std::uint16_t CHAR = 1;
 constexpr std::uint16_t OBJECT = 15;
 constexpr std::uint16_t LIST = 1;
@@ -143,6 +145,7 @@ TEST_F(Damage, MoreAndLessThanExpectedIsRead)
     maker_.Object(1, {{1, {}}});
     maker_.Section("XTRA", 0, Bytes(5));
     maker_.Class(0x12345, "nobody", 1, 1, {});
+    maker_.Class(omu_PrimNumber::TypeId(), "omu_PrimNumber", 900, 1, {});
     maker_.Root("r", 1);
     maker_.Root("second", 2);
     maker_.minorFormat = 3;
@@ -150,9 +153,12 @@ TEST_F(Damage, MoreAndLessThanExpectedIsRead)
     EXPECT_EQ(ResultOf(bytes), "('t', None, '', 't')");
     idb_MementoRead memento(bytes);
     EXPECT_EQ(memento.Warnings().Get(0), "format 1.3 is newer than 1.0");
+    EXPECT_EQ(memento.Warnings().Get(1), "class omu_PrimNumber has version 900, newer than the known 835");
     const idb_MementoSummary summary(memento);
-    EXPECT_EQ(std::string(summary.warnings.Get(1).View()).substr(0, 21), "section XTRA at byte ");
-    EXPECT_EQ(summary.warnings.Get(2), "class nobody (0x12345) is not known");
+    EXPECT_EQ(std::string(summary.warnings.Get(2).View()).substr(0, 21), "section XTRA at byte ");
+    EXPECT_EQ(summary.warnings.Get(3), "class nobody (0x12345) is not known");
+    maker_.majorFormat = 2;
+    EXPECT_EQ(ResultOf(maker_.Make()), "format 2.3 is newer than 1.0");
     EXPECT_TRUE(summary.objects == 3 && summary.bytes == bytes.size() && summary.sections.size() == 5);
     EXPECT_TRUE(summary.classes[1].objects == 2 && summary.classes[1].parent == "omu_Primitive");
     EXPECT_EQ(summary.classes[1].bytes, 32u + 32u + 14u + 5u + 14u + 4u + 32u);
@@ -160,18 +166,13 @@ TEST_F(Damage, MoreAndLessThanExpectedIsRead)
     EXPECT_TRUE(summary.classes[1].isKnown && !summary.classes[3].isKnown);
 }
 
-TEST_F(Damage, ANewerClassIsReadWithANote)
+TEST_F(Damage, ANumberOfAnEarlierReleaseIsRead)
 {
-    MementoMaker maker;
-    maker.Class(omu_PrimString::TypeId(), "omu_PrimString", 900, 1, {{"value", STRING, 1, 0}});
-    maker.Object(0, {{0, {{0, STRING, 0, Payload(cow_String("n"))}}}});
-    maker.Root("r", 1);
-    const Bytes bytes = maker.Make();
-    EXPECT_EQ(ResultOf(bytes), "'n'");
-    EXPECT_EQ(idb_MementoRead(bytes).Warnings(),
-              cow_List<cow_String>{"class omu_PrimString has version 900, newer than the known 800"});
-    maker.majorFormat = 2;
-    EXPECT_EQ(ResultOf(maker.Make()), "format 2.0 is newer than 1.0");
+    maker_.Class(omu_PrimNumber::TypeId(), "omu_PrimNumber", 800, 1,
+                 {{"value", DOUBLE, 1, 0}, {"dataType", ENUM, 1, 0}});
+    maker_.Object(3,
+                  {{3, {{1, ENUM, 0, Payload(cow_String("UINT"))}, {0, DOUBLE, 0, Payload(4294967295.0)}}}});
+    EXPECT_EQ(Result(), "4294967295");
 }
 
 const MementoMaker::Attribute GOOD = {0, STRING, 0, Payload(cow_String("t"))};
@@ -214,7 +215,6 @@ const BadObject BAD_OBJECTS[] = {
      "data goes on at byte 311, 1 bytes too many",
      1,
      {{1, {{0, STRING, 0, Payload(cow_String("t"), 'x')}}}}},
-    {"LongCollection", "data goes on at byte 310, 4 bytes too many", 2, Listing(2, LIST, 0, 0)},
     {"ManyElements", "object 1 (omu_PrimTuple): data ends at byte 310, 8000000000 more needed", 2,
      Listing(2, LIST, 2000000000)},
     {"AttributeTwice", "object 1 (omu_PrimString): attribute value stands twice", 1, {{1, {GOOD, GOOD}}}},
@@ -223,7 +223,6 @@ const BadObject BAD_OBJECTS[] = {
      1,
      {{1, {{2, INT, 0, {}}}}}},
     {"NoParts", "object 1 (omu_PrimString): its last part is of class none", 1, {}},
-    {"OtherLastPart", "object 1 (omu_PrimString): its last part is of class omu_Primitive", 1, {{0, {}}}},
     {"NoBase",
      "object 1 (omu_PrimString): part omu_PrimTuple is no base of part omu_PrimString",
      1,
@@ -267,8 +266,6 @@ const BadObject BAD_OBJECTS[] = {
     {"RootTwice", "name r stands twice, at byte 344", 1, TEXT, [](MementoMaker& m) { m.Root("r", 1); }},
     {"UnknownSection", "section MU?T at byte 348 must be understood", 1, TEXT,
      [](MementoMaker& m) { m.Section("MU\x7FT", 1, {}); }},
-    {"SectionTwice", "section ROOT at byte 348, expected ENDM", 1, TEXT,
-     [](MementoMaker& m) { m.Section("ROOT", 1, {}); }},
     {"HugeCount", "data ends at byte 311, 143999933 more needed", 1, TEXT,
      [](MementoMaker& m) { m.objectCount = 9000000; }},
 };

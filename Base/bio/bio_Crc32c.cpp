@@ -32,23 +32,30 @@ constexpr std::array<Table, STEP> TABLES = [] {
 #if defined(__x86_64__)
 // Bytes of one of three streams that run side by side: the instruction takes three cycles and can begin in
 // each.
-constexpr std::size_t STREAM = 2048;
+constexpr std::size_t STREAM = 2048; // a power of two
 
 // Four bits of a checksum moved on by STREAM zero bytes, as look-up: SHIFTS[k][n] is for the k-th four bits.
 constexpr std::array<std::array<std::uint32_t, 16>, 8> SHIFTS = [] {
+    // Where each bit goes: by one zero byte at first, then by twice as many each time.
+    std::array<std::uint32_t, 32> moved{};
+    for (std::size_t bit = 0; bit < 32; ++bit)
+        moved[bit] = ((1u << bit) >> 8) ^ TABLES[0][(1u << bit) & 0xFFu];
+    for (std::size_t bytes = 1; bytes < STREAM; bytes *= 2)
+    {
+        const std::array<std::uint32_t, 32> half = moved;
+        for (std::uint32_t& crc : moved)
+        {
+            std::uint32_t twice = 0;
+            for (std::size_t bit = 0; bit < 32; ++bit)
+                twice ^= (crc >> bit & 1u) != 0 ? half[bit] : 0u;
+            crc = twice;
+        }
+    }
     std::array<std::array<std::uint32_t, 16>, 8> shifts{};
     for (std::size_t k = 0; k < 8; ++k)
-    {
-        for (std::size_t bit = 0; bit < 4; ++bit)
-        {
-            std::uint32_t crc = 1u << (4 * k + bit);
-            for (std::size_t i = 0; i < STREAM; ++i)
-                crc = (crc >> 8) ^ TABLES[0][crc & 0xFFu];
-            shifts[k][std::size_t{1} << bit] = crc;
-        }
         for (std::size_t n = 1; n < 16; ++n)
-            shifts[k][n] = shifts[k][n & (n - 1)] ^ shifts[k][n & (~n + 1)];
-    }
+            for (std::size_t bit = 0; bit < 4; ++bit)
+                shifts[k][n] ^= (n >> bit & 1u) != 0 ? moved[4 * k + bit] : 0u;
     return shifts;
 }();
 

@@ -121,6 +121,7 @@ public:
     void WriteOwnedList(const cls_FieldHandle& field, const A& array) const
     {
         std::vector<cls_ObjectSource> sources;
+        sources.reserve(static_cast<std::size_t>(array.Length()));
         for (int i = 0; i < array.Length(); ++i)
             sources.push_back(cls_ObjectSource::Of(array.Get(i), array));
         PutObjectList(field, sources);
@@ -175,6 +176,7 @@ private:
     {
         cow_List<std::remove_cvref_t<decltype(map.KeyAt(0))>> keys;
         std::vector<cls_ObjectSource> sources;
+        sources.reserve(static_cast<std::size_t>(map.Length()));
         for (int i = 0; i < map.Length(); ++i)
         {
             keys.Append(map.KeyAt(i));

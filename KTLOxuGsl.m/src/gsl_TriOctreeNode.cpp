@@ -81,6 +81,8 @@ void gsl_TriOctreeNode::Divide(const gsl_BBox& box, int maxDepth, ChildMaker mak
     const gsl_OctreeSplit split(box);
     for (int slot = 0; slot < std::min(slots, gsl_OctreeSplit::SLOTS); ++slot)
     {
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): this node is divided, so Build owns the
+        // child
         Build(slot, makeChild(split.SlotBox(slot), level_ + 1, slot, this), maxDepth);
     }
 }

@@ -90,7 +90,7 @@ inline constexpr const char* FINISHED = "idb_MementoWrite: the memento is finish
 inline constexpr const char* NOT_FINISHED = "idb_MementoWrite: the memento is not finished";
 inline constexpr const char* NOTHING_WRITTEN = "idb_MementoWrite: no attribute is being written";
 inline constexpr const char* INCOMPLETE = "idb_MementoWrite: an object of class %s could not be written";
-inline constexpr const char* CANNOT_WRITE = "idb_MementoWrite: cannot write %s: %s: %s";
+inline constexpr const char* CANNOT_WRITE = "idb_MementoWrite: cannot write %s: %s";
 
 // What exceptions and summaries name in several places.
 inline constexpr const char* TOTAL_BYTES = "total bytes";

@@ -120,7 +120,7 @@ const idb_PartAttribute* idb_ObjectFrame::Find(const idb_StoredPart& part, const
 
 const idb_PartReader& idb_ObjectFrame::Reader(int index)
 {
-    const auto place = static_cast<std::size_t>(index + 1);
+    const auto place = static_cast<std::size_t>(std::ptrdiff_t{index} + 1);
     while (readerPlaces_.size() <= place)
         readerPlaces_.push_back(&readers_.emplace_back(*this, static_cast<int>(readers_.size()) - 1));
     return *readerPlaces_[place];

@@ -31,8 +31,10 @@ bool omu_EnvSwitches::TraceStaleHandles() noexcept
 
 bool omu_EnvSwitches::TraceStaleHandlePaths() noexcept
 {
-    static const bool on =
-        IsPresent(STALEHANDLE_INFO) && std::strcmp(std::getenv(STALEHANDLE_INFO), "2") == 0;
+    static const bool on = [] {
+        const char* value = std::getenv(STALEHANDLE_INFO);
+        return value != nullptr && std::strcmp(value, "2") == 0;
+    }();
     return on;
 }
 

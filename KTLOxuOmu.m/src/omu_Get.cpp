@@ -13,7 +13,7 @@ constexpr const char* MAP_EXPECTED = "Map of string to 2D sequence of Floats";
 template <class T>
 T RowsUnder(const Dictionary& dictionary, int place, const cow_String& nesting)
 {
-    const cow_String key = dictionary.KeyAt(place);
+    const cow_String& key = dictionary.KeyAt(place);
     const omu_Primitive* value = dictionary.ValueAt(place);
     const auto* found = value != nullptr && value->IsType(omu_PrimTuple::KIND)
                             ? dynamic_cast<const omu_PrimTuple*>(value)

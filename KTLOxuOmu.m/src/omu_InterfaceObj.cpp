@@ -1,3 +1,4 @@
+#include <compare>
 #include <cstdint>
 #include <cstdio>
 #include <nex_RaiseWith.h>
@@ -470,11 +471,11 @@ int omu_InterfaceObj::Compare(const omu_InterfaceObj* other) const
     if (operator==(*other))
         return 0;
     const auto byPath = BaseShortcut().Path() <=> other->BaseShortcut().Path();
-    if (byPath != 0)
-        return byPath < 0 ? -1 : 1;
+    if (std::is_neq(byPath))
+        return std::is_lt(byPath) ? -1 : 1;
     const auto byType = ExposedTypeName() <=> other->ExposedTypeName();
-    if (byType != 0)
-        return byType < 0 ? -1 : 1;
+    if (std::is_neq(byType))
+        return std::is_lt(byType) ? -1 : 1;
     return std::less<const omu_InterfaceObj*>()(this, other) ? -1 : 1;
 }
 
@@ -482,7 +483,7 @@ int omu_InterfaceObj::ComparePath(const cow_String& path) const
 {
     const cow_String repr = AsRepr();
     const auto order = repr <=> path;
-    const int result = order < 0 ? -1 : order > 0 ? 1 : 0;
+    const int result = std::is_lt(order) ? -1 : std::is_gt(order) ? 1 : 0;
     if (omu_EnvSwitches::TraceStaleHandles())
         std::fprintf(stderr, "omu_InterfaceObj::ComparePath %s  %s -> %d\n", repr.AsCharPtr(),
                      path.AsCharPtr(), result);

@@ -37,7 +37,7 @@ omu_PrimList::omu_PrimList(int count, int maxSize, char kind)
 omu_PrimList::omu_PrimList(const cls_ReadVisitor& reader) : omu_PrimTuple(reader.BaseReader())
 {
     reader.ReadInt(FIELDS[MAX_SIZE], m_MaxSize);
-    RequireRoom(Length());
+    omu_PrimList::RequireRoom(Length());
 }
 
 omu_PrimList* omu_PrimList::Slice(int from, int to) const

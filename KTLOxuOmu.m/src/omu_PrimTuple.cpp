@@ -200,6 +200,8 @@ void omu_PrimTuple::PutRows(const cow_2DArray<T>& values)
 
 void omu_PrimTuple::TakeItems(const omu_PrimTuple& other)
 {
+    // In a constructor too: the bound is that of the class being built.
+    // NOLINTNEXTLINE(clang-analyzer-optin.cplusplus.VirtualCall)
     RequireRoom(other.m_Items.Length());
     m_Items = other.m_Items;
     m_Depth = other.m_Depth;

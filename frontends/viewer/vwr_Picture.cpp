@@ -4,13 +4,28 @@
 #include <vwr_Scene.h>
 #include <vwr_SceneDrawing.h>
 #include <vwr_SvgCanvas.h>
-#include <vwr_WholeFile.h>
 
+#include <bio_WholeFile.h>
 #include <nex_RaiseWith.h>
+#include <system_error>
 
 namespace
 {
 constexpr const char* SOURCE = "frontends/viewer/vwr_Picture";
+
+void Write(const std::string& path, const std::string& bytes)
+try
+{
+    const std::span<const unsigned char> whole(reinterpret_cast<const unsigned char*>(bytes.data()),
+                                               bytes.size());
+    bio_WriteWholeFile(path, {&whole, 1});
+}
+catch (const std::system_error& fault)
+{
+    vwr_PictureError failure("cannot write " + path + ": " + fault.code().message());
+    failure.SetCode(fault.code().value());
+    nex_Raise(failure, SOURCE, __LINE__);
+}
 
 void RequireSize(const vwr_Scene& scene)
 {
@@ -59,9 +74,9 @@ void vwr_Picture::Save(const std::string& path, const vwr_Scene& scene)
 {
     const std::string suffix = SuffixOf(path);
     if (suffix == ".svg")
-        vwr_WriteWholeFile(path, Svg(scene));
+        Write(path, Svg(scene));
     else if (suffix == ".png")
-        vwr_WriteWholeFile(path, Png(scene));
+        Write(path, Png(scene));
     else
         nex_Raise(
             vwr_PictureError("cannot tell the format of " + path + ": its name must end in .svg or .png"),

@@ -20,16 +20,8 @@ public:
     /// The identity leaves corners as they are to the last bit.
     void SetTransform(const gsl_Matrix& transform) noexcept { transform_ = transform; }
 
-    /// The corners as the caller's look-up gives them; what it throws goes through.
+    /// The corners where the search wants them; what the caller's look-up throws goes through.
     void Fetch(int index, gsl_Triple corners[3]);
-    /// Moves fetched corners to where the search wants them.
-    void Move(gsl_Triple corners[3]) const noexcept
-    {
-        for (int i = 0; !transform_.IsIdentity() && i < 3; ++i)
-        {
-            corners[i] = Moved(corners[i]);
-        }
-    }
     /// The unit normal of three corners, as gsl_Vector has it; false when they are degenerate.
     bool Normal(const gsl_Triple corners[3], gsl_Triple& normal) const noexcept;
 

@@ -39,10 +39,26 @@ struct gsl_Extent
     bool IsEmpty() const noexcept { return !(low[0] <= high[0] && low[1] <= high[1] && low[2] <= high[2]); }
     /// Sum of the three edges: what decides which of two boxes is opened first.
     double Girth() const noexcept { return (high[0] - low[0]) + (high[1] - low[1]) + (high[2] - low[2]); }
+    /// Bounds on the height along a direction of every place in the box, that hold for heights computed by
+    /// gsl_Dot3 to the last bit.
+    double Floor(const gsl_Triple& along) const noexcept
+    {
+        return gsl_Dot3(Farthest(along, high, low), along);
+    }
+    double Ceiling(const gsl_Triple& along) const noexcept
+    {
+        return gsl_Dot3(Farthest(along, low, high), along);
+    }
     /// The largest |coordinate|; meaningless for an empty box.
     double Reach() const noexcept;
 
 private:
+    // The corner that a way along each axis leads to.
+    static gsl_Triple Farthest(const gsl_Triple& way, const double back[3], const double forth[3]) noexcept
+    {
+        return {(way.x < 0.0 ? back : forth)[0], (way.y < 0.0 ? back : forth)[1],
+                (way.z < 0.0 ? back : forth)[2]};
+    }
     void AddOnAxis(int axis, double value) noexcept
     {
         low[axis] = std::min(low[axis], value);

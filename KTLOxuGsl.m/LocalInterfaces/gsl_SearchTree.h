@@ -50,15 +50,16 @@ public:
     /// A group's part, its corners fetched in this search. The cell itself when the clock ran out.
     int Settle(int group, gsl_ProceedClock& clock);
 
-    /// Makes sure of the children and their boxes in this search. REQUIRES: neither a group nor a leaf.
-    int ChildCount(int node)
+    /// Makes sure of the children and their boxes in this search; 0 when the clock ran out. REQUIRES: neither
+    /// a group nor a leaf.
+    int ChildCount(int node, gsl_ProceedClock& clock)
     {
         if (IsCell(node))
         {
             OpenCell(node);
             return CellAt(node).children;
         }
-        return 2;
+        return parts_.Open(node, clock) ? 2 : 0;
     }
     /// The i-th child. REQUIRES: ChildCount was asked in this search.
     int Child(int node, int i) const

@@ -34,8 +34,8 @@ struct gsl_Sheet
     /// Chooses the leaning planes by what AddSlope noted.
     void Lean(const gsl_Triple& along) noexcept;
     void AddPlaces(const gsl_Triple corners[3], const gsl_Triple& along) noexcept;
-    /// Level planes around another part as well.
-    void AddHeights(const gsl_Sheet& other) noexcept;
+    /// AddPlaces for level planes alone: all that is needed of a part that gets no leaning ones.
+    void AddHeights(const gsl_Triple corners[3], const gsl_Triple& along) noexcept;
 
     /// Whether a contact of two parts with leaning planes can lie ahead and within the limit.
     static bool CanMeet(const gsl_Sheet& movable, const gsl_Extent& movableBox, const gsl_Sheet& fixed,

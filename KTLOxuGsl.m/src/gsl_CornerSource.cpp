@@ -23,6 +23,10 @@ void gsl_CornerSource::Fetch(int index, gsl_Triple corners[3])
     {
         corners[i] = gsl_TripleOf(work_[i]);
     }
+    for (int i = 0; !transform_.IsIdentity() && i < 3; ++i)
+    {
+        corners[i] = Moved(corners[i]);
+    }
 }
 
 gsl_Triple gsl_CornerSource::Moved(const gsl_Triple& p) const noexcept

@@ -23,7 +23,6 @@ gsl_TriTriDirDist::Work::Pair gsl_TriTriDirDist::Work::FindContact()
         gsl_Triple corners[3];
         gsl_Triple normal;
         source[i]->Fetch(index[i], corners);
-        source[i]->Move(corners);
         (void)source[i]->Normal(corners, normal);
         pair[i] = stage.View(stage.Prepare(corners, normal));
     }
@@ -34,7 +33,6 @@ gsl_Triangle gsl_TriTriDirDist::Work::FetchTriangle(gsl_CornerSource& source, in
 {
     gsl_Triple corners[3];
     source.Fetch(index, corners);
-    source.Move(corners);
     const auto point = [](const gsl_Triple& p) { return gsl_Point(p.x, p.y, p.z); };
     return {point(corners[0]), point(corners[1]), point(corners[2])};
 }

@@ -12,6 +12,9 @@ constexpr int PAIR_UNITS = 2;
 // How many pairs a walk off the queue may take, and how many may wait in the queue.
 constexpr int LONGEST_WALK = 4096;
 constexpr std::size_t LONGEST_QUEUE = std::size_t{1} << 18;
+// From so many waiting pairs on a walk is tried before some contact is known: boxes overlap long before what
+// is in them touches, and any contact lets most of them go.
+constexpr std::size_t SHORT_QUEUE = 768;
 
 // Parts of this many triangles and fewer are walked to the end at once.
 constexpr int DESCEND_FROM = 128;
@@ -55,7 +58,7 @@ struct gsl_PairSearch::Walk
     }
     bool IsOver() const { return clock.Stopped() || best.Travel() <= 0.0; }
 
-    bool IsFollowing() const { return best.Found() || search.queue_.Size() > LONGEST_QUEUE; }
+    bool IsFollowing() const { return best.Found() || search.queue_.Size() > SHORT_QUEUE; }
 
     void LookAt(gsl_PairQueue::Item item);
     void Wait(const gsl_PairQueue::Item& item);
@@ -63,7 +66,7 @@ struct gsl_PairSearch::Walk
     void Open(const gsl_PairQueue::Item& item);
     void Descend(int m, int f);
     void TestTriangles(int m, int f);
-    void TestTriangle(int fixedSlot, const int* movableSlots, int count);
+    void TestTriangle(int fixedOne, const int* movableOnes, int count);
 };
 
 gsl_PairSearch::gsl_PairSearch(gsl_CornerSource& fixed, const gsl_SearchTree::Limits& fixedLimits,
@@ -121,10 +124,14 @@ bool gsl_PairSearch::Walk::PartsCanMeet(int m, int f, double& soonest)
         return true;
     }
     const gsl_Triple& along = stage.Direction();
+    const auto isClear = [&](double gap) { return gap > stage.ClearGap() && gap > limit; };
+    if (isClear(fixedBox.Floor(along) - movableBox.Ceiling(along)))
+    {
+        return false; // what the sheets' level planes would say, for next to nothing
+    }
     const gsl_Sheet& ofMovable = movables.Sheet(m, along, clock);
     const gsl_Sheet& ofFixed = fixeds.Sheet(f, along, clock);
-    const double gap = ofFixed.low - ofMovable.high;
-    if (gap > stage.ClearGap() && gap > limit)
+    if (isClear(ofFixed.low - ofMovable.high))
     {
         return false;
     }
@@ -216,7 +223,8 @@ void gsl_PairSearch::Walk::Open(const gsl_PairQueue::Item& item)
     const bool openFixed =
         movable.IsLeaf(item.movable) ||
         (!fixed.IsLeaf(item.fixed) && movable.Box(item.movable).Girth() < fixed.Box(item.fixed).Girth());
-    const int children = openFixed ? fixed.ChildCount(item.fixed) : movable.ChildCount(item.movable);
+    const int children =
+        openFixed ? fixed.ChildCount(item.fixed, clock) : movable.ChildCount(item.movable, clock);
     const float share = item.share / static_cast<float>(std::max(children, 1));
     for (int i = 0; i < children; ++i)
     {
@@ -247,6 +255,10 @@ void gsl_PairSearch::Walk::Descend(int m, int f)
         return;
     }
     const bool openFixed = leafMovable || (!leafFixed && movables.Box(m).Girth() < fixeds.Box(f).Girth());
+    if (!(openFixed ? fixeds.Open(f, clock) : movables.Open(m, clock)))
+    {
+        return;
+    }
     int near[2] = {m, f};
     int far[2] = {m, f};
     double soonestNear = 0.0;
@@ -291,46 +303,48 @@ void gsl_PairSearch::Walk::TestTriangles(int m, int f)
     int nearCount = 0;
     for (int slot = movableFrom; slot < movableFrom + movableCount; ++slot)
     {
-        if (Soonest(movables.TriangleBox(slot), fixeds.Box(f), soonest))
+        const int triangle = movables.TriangleIn(slot);
+        if (Soonest(movables.TriangleBox(triangle), fixeds.Box(f), soonest))
         {
-            near[nearCount++] = slot;
+            near[nearCount++] = triangle;
         }
     }
     for (int slot = fixedFrom; nearCount > 0 && slot < fixedFrom + fixedCount; ++slot)
     {
-        if (Soonest(movables.Box(m), fixeds.TriangleBox(slot), soonest))
+        const int triangle = fixeds.TriangleIn(slot);
+        if (Soonest(movables.Box(m), fixeds.TriangleBox(triangle), soonest))
         {
-            TestTriangle(slot, near, nearCount);
+            TestTriangle(triangle, near, nearCount);
         }
     }
 }
 
-void gsl_PairSearch::Walk::TestTriangle(int fixedSlot, const int* movableSlots, int count)
+void gsl_PairSearch::Walk::TestTriangle(int fixedOne, const int* movableOnes, int count)
 {
     gsl_PartTree& movables = movable.Parts();
     gsl_PartTree& fixeds = fixed.Parts();
     const gsl_StageTriangle* fixedTriangle = nullptr;
     for (int i = 0; i < count; ++i)
     {
-        const int movableSlot = movableSlots[i];
+        const int movableOne = movableOnes[i];
         double boxes = 0.0;
-        const int fixedIndex = fixeds.TriangleIndex(fixedSlot);
-        const int movableIndex = movables.TriangleIndex(movableSlot);
+        const int fixedIndex = fixeds.TriangleIndex(fixedOne);
+        const int movableIndex = movables.TriangleIndex(movableOne);
         const double limit = best.Limit(fixedIndex, movableIndex);
-        if (!stage.BoxesMeet(movables.TriangleBox(movableSlot), fixeds.TriangleBox(fixedSlot), boxes) ||
+        if (!stage.BoxesMeet(movables.TriangleBox(movableOne), fixeds.TriangleBox(fixedOne), boxes) ||
             boxes > limit)
         {
             continue;
         }
         if (fixedTriangle == nullptr)
         {
-            fixedTriangle = fixeds.Prepared(fixedSlot, fixed.Source(), stage);
+            fixedTriangle = fixeds.Prepared(fixedOne, fixed.Source(), stage);
             if (fixedTriangle == nullptr)
             {
                 return;
             }
         }
-        const gsl_StageTriangle* movableTriangle = movables.Prepared(movableSlot, movable.Source(), stage);
+        const gsl_StageTriangle* movableTriangle = movables.Prepared(movableOne, movable.Source(), stage);
         double travel = 0.0;
         if (movableTriangle != nullptr &&
             stage.Travel(*movableTriangle, *fixedTriangle, boxes, limit, search.views_, travel))

@@ -2,14 +2,15 @@
 #include <cmath>
 #include <gsl_PartTree.h>
 #include <gsl_ProceedClock.h>
-#include <limits>
 
 namespace
 {
 // What a look-up may cost, in the clock's units, and how many steps of halving cost one.
 constexpr int FETCH_UNITS = 4;
 constexpr int STEPS_A_UNIT = 8;
-constexpr int BLOCK = 1024;
+// How many triangles are cut between two looks at the clock, and fetched before their boxes are made.
+constexpr int STRETCH = 1024;
+constexpr int BLOCK = 64;
 
 // How often the place of a cut may be halved without parting anything before the triangles count as one heap.
 constexpr int MOST_TRIALS = 32;
@@ -21,46 +22,37 @@ float Sortable(double value)
 }
 }
 
-// Where the centres of some triangles lie.
-struct gsl_PartTree::Region
+void gsl_PartTree::Region::Add(const Place& place)
 {
-    float low[3] = {std::numeric_limits<float>::max(), std::numeric_limits<float>::max(),
-                    std::numeric_limits<float>::max()};
-    float high[3] = {std::numeric_limits<float>::lowest(), std::numeric_limits<float>::lowest(),
-                     std::numeric_limits<float>::lowest()};
+    for (int axis = 0; axis < 3; ++axis)
+    {
+        low[axis] = std::min(low[axis], place.centre[axis]);
+        high[axis] = std::max(high[axis], place.centre[axis]);
+    }
+}
 
-    void Add(const Loose& item)
+int gsl_PartTree::Region::WidestAxis() const
+{
+    int widest = 0;
+    for (int axis = 1; axis < 3; ++axis)
     {
-        for (int axis = 0; axis < 3; ++axis)
-        {
-            low[axis] = std::min(low[axis], item.centre[axis]);
-            high[axis] = std::max(high[axis], item.centre[axis]);
-        }
+        widest = high[axis] - low[axis] > high[widest] - low[widest] ? axis : widest;
     }
-    int WidestAxis() const
-    {
-        int widest = 0;
-        for (int axis = 1; axis < 3; ++axis)
-        {
-            widest = high[axis] - low[axis] > high[widest] - low[widest] ? axis : widest;
-        }
-        return widest;
-    }
-};
+    return widest;
+}
 
 void gsl_PartTree::Clear(std::size_t room)
 {
     // Built aside: a failed allocation leaves no half, and what a larger tree needed is given back.
     gsl_PartTree fresh;
-    fresh.index_.reserve(room);
-    fresh.corners_.reserve(room);
-    fresh.boxes_.reserve(room);
-    fresh.preparedAt_.reserve(room);
+    fresh.order_.reserve(room);
+    fresh.triangles_.reserve(room);
     *this = std::move(fresh);
 }
 
-void gsl_PartTree::BeginSearch()
+void gsl_PartTree::BeginSearch(std::uint32_t search)
 {
+    search_ = search;
     prepared_.Reset();
     sheets_.Reset();
 }
@@ -68,131 +60,141 @@ void gsl_PartTree::BeginSearch()
 int gsl_PartTree::MakeGroup(const std::vector<std::int32_t>& indices, gsl_CornerSource& source,
                             gsl_ProceedClock& clock)
 {
-    const int count = static_cast<int>(indices.size());
-    const int begin = static_cast<int>(index_.size());
-    const int group = static_cast<int>(parts_.size());
-    // Written as they come, and left as they are beforehand: clearing much memory would take long between two
-    // looks at the clock.
-    fetched_.clear();
-    fetched_.reserve(indices.size());
-    loose_.clear();
-    loose_.reserve(indices.size());
-    if (asideSize_ < indices.size())
-    {
-        aside_ = std::make_unique_for_overwrite<Loose[]>(indices.size());
-        asideSize_ = indices.size();
-    }
-    Region region;
-    for (int i = 0; i < count; ++i)
-    {
-        Corners& corners = fetched_.emplace_back();
-        source.Fetch(indices[At(i)], corners.at);
-        const gsl_Triple sum = corners.at[0] + corners.at[1] + corners.at[2];
-        loose_.push_back({{Sortable(sum.x), Sortable(sum.y), Sortable(sum.z)}, i});
-        region.Add(loose_.back());
-        source.Move(corners.at);
-        if (!clock.Spend(FETCH_UNITS))
-        {
-            return NONE;
-        }
-    }
+    const int begin = static_cast<int>(triangles_.size());
+    Part group;
+    Range range;
+    range.begin = begin;
+    // Triangles left behind would outgrow the room that keeps corners where they are.
+    const auto giveUp = [&] {
+        order_.resize(At(begin));
+        triangles_.resize(At(begin));
+    };
     try
     {
-        if (!Halve(loose_.data(), count, begin, region, clock))
+        for (const std::int32_t index : indices)
         {
-            CutBack(group, begin);
-            return NONE;
+            // Made as they are fetched: clearing much memory would take long between two looks at the clock.
+            Triangle& triangle = triangles_.emplace_back();
+            triangle.index = index;
+            order_.push_back({{}, begin + group.count});
+            group.lowest = std::min(group.lowest, index);
+            ++group.count;
+            source.Fetch(index, triangle.corner);
+            if (!clock.Spend(FETCH_UNITS))
+            {
+                giveUp();
+                return NONE;
+            }
+            if (group.count % BLOCK == 0)
+            {
+                AddBoxes(begin + group.count - BLOCK, BLOCK, group.box);
+            }
         }
-        for (const Loose& item : loose_)
-        {
-            index_.push_back(indices[At(item.at)]);
-            corners_.push_back(fetched_[At(item.at)]);
-            boxes_.push_back(BoxOf(corners_.back()));
-            preparedAt_.push_back(NOT_PREPARED);
-            clock.Spend(1); // not given up here: half a group is none
-        }
-        const int last = static_cast<int>(parts_.size());
-        sheetAt_.resize(parts_.size());
-        FindLowest(group, last);
-        MakeBoxes(group, last, clock);
+        AddBoxes(begin + group.count - group.count % BLOCK, group.count % BLOCK, group.box);
+        ranges_.resize(parts_.size());
+        ranges_.push_back(range);
+        parts_.push_back(group);
     }
     catch (...)
     {
-        // The clock asks the caller, who may throw. Slots left behind would outgrow the room that keeps
-        // corners where they are.
-        CutBack(group, begin);
+        giveUp();
         throw;
     }
-    return group;
-}
-
-void gsl_PartTree::CutBack(int parts, int slots) noexcept
-{
-    parts_.resize(At(parts));
-    sheetAt_.resize(At(parts));
-    index_.resize(At(slots));
-    corners_.resize(At(slots));
-    boxes_.resize(At(slots));
-    preparedAt_.resize(At(slots));
+    return static_cast<int>(parts_.size()) - 1;
 }
 
 bool gsl_PartTree::FetchGroup(int group, gsl_CornerSource& source, gsl_ProceedClock& clock)
 {
-    const Part& part = parts_[At(group)];
-    for (int slot = part.begin; slot < part.begin + part.count; ++slot)
+    gsl_Extent box;
+    const int begin = FirstSlot(group);
+    const int end = begin + Count(group);
+    for (int from = begin; from < end; from += BLOCK)
     {
-        Corners& corners = corners_[At(slot)];
-        source.Fetch(index_[At(slot)], corners.at);
-        source.Move(corners.at);
-        boxes_[At(slot)] = BoxOf(corners);
-        preparedAt_[At(slot)] = NOT_PREPARED;
-        if (!clock.Spend(FETCH_UNITS))
+        const int to = std::min(from + BLOCK, end);
+        for (int i = from; i < to; ++i)
         {
-            return false;
+            source.Fetch(triangles_[At(i)].index, triangles_[At(i)].corner);
+            triangles_[At(i)].prepared = NOT_PREPARED;
+            if (!clock.Spend(FETCH_UNITS))
+            {
+                return false;
+            }
         }
+        AddBoxes(from, to - from, box);
     }
-    // A group's parts end where its last leaf stands: always down the upper side.
-    int last = group;
-    while (!IsLeaf(last))
-    {
-        last = Upper(last);
-    }
-    MakeBoxes(group, last + 1, clock);
+    parts_[At(group)].box = box;
+    ranges_[At(group)].sheet = NOT_PREPARED;
     return true;
 }
 
-gsl_Extent gsl_PartTree::BoxOf(const Corners& corners)
+// The boxes of neighbouring triangles, and a box around them as well. Apart from the look-ups, which would
+// have what it computes with out of the registers.
+void gsl_PartTree::AddBoxes(int first, int count, gsl_Extent& box)
 {
-    gsl_Extent box;
-    for (const gsl_Triple& corner : corners.at)
+    gsl_Extent whole;
+    for (int i = first; i < first + count; ++i)
     {
-        box.Add(corner);
+        Triangle& triangle = triangles_[At(i)];
+        gsl_Extent own;
+        own.Add(triangle.corner[0]);
+        own.Add(triangle.corner[1]);
+        own.Add(triangle.corner[2]);
+        triangle.box = own;
+        whole.Add(own);
     }
-    return box;
+    box.Add(whole);
 }
 
-// Appends the part of these triangles and all below it, and puts the triangles in the order of the slots.
-bool gsl_PartTree::Halve(Loose* first, int count, int begin, Region region, gsl_ProceedClock& clock)
+bool gsl_PartTree::OpenAnew(int part, gsl_ProceedClock& clock)
 {
-    const int part = static_cast<int>(parts_.size());
-    parts_.emplace_back();
-    parts_.back().begin = begin;
-    parts_.back().count = count;
-    if (count <= LEAF_SIZE)
+    if (parts_[At(part)].lower == NONE && !Halve(part, clock))
     {
-        return true;
+        return false;
     }
-    Region upper = region;
+    Refit(part, clock);
+    return true;
+}
+
+// The boxes of all below a part in this search. All at once: parts that an earlier search has opened are
+// mostly opened again, and then this looks at each triangle once instead of once a level.
+void gsl_PartTree::Refit(int part, gsl_ProceedClock& clock)
+{
+    for (const int child : {Lower(part), Upper(part)})
+    {
+        Part& below = parts_[At(child)];
+        if (below.lower == NONE)
+        {
+            Gather(child, clock);
+            continue;
+        }
+        Refit(child, clock);
+        below.box = Box(Lower(child));
+        below.box.Add(Box(Upper(child)));
+        ranges_[At(child)].sheet = NOT_PREPARED;
+    }
+    parts_[At(part)].opened = search_;
+}
+
+// Makes the two children, without their boxes. false, and none made, when the clock ran out.
+bool gsl_PartTree::Halve(int part, gsl_ProceedClock& clock)
+{
+    const int count = Count(part);
+    if (ranges_[At(part)].region.IsEmpty())
+    {
+        FindCentres(part);
+    }
+    Range lower = ranges_[At(part)];
+    Range upper = lower;
     int below = 0;
     for (int trial = 0; trial < MOST_TRIALS && (below == 0 || below == count); ++trial)
     {
-        region = below == 0 ? upper : region;
-        upper = region;
-        const int axis = region.WidestAxis();
-        const float cut = 0.5F * region.low[axis] + 0.5F * region.high[axis];
-        below = Partition(first, count, axis, cut, clock);
-        region.high[axis] = cut;
-        upper.low[axis] = cut;
+        lower.region = below == 0 ? upper.region : lower.region;
+        upper.region = lower.region;
+        const int axis = lower.region.WidestAxis();
+        const float cut = 0.5F * lower.region.low[axis] + 0.5F * lower.region.high[axis];
+        below = Partition(&order_[At(lower.begin)], count, axis, cut, clock);
+        lower.region.high[axis] = cut;
+        upper.region.low[axis] = cut;
         if (clock.Stopped())
         {
             return false;
@@ -202,116 +204,132 @@ bool gsl_PartTree::Halve(Loose* first, int count, int begin, Region region, gsl_
     {
         below = count / 2;
     }
-    if (!Halve(first, below, begin, region, clock))
+    upper.begin += below;
+    const std::size_t first = parts_.size();
+    ranges_.resize(first);
+    ranges_.push_back(lower);
+    ranges_.push_back(upper);
+    parts_.resize(first + 2);
+    parts_[first].count = below;
+    parts_[first + 1].count = count - below;
+    parts_[At(part)].lower = static_cast<std::int32_t>(first);
+    return true;
+}
+
+// Where the triangles of a group lie: not asked before it is first halved.
+void gsl_PartTree::FindCentres(int group)
+{
+    Region region;
+    const auto begin = order_.begin() + FirstSlot(group);
+    for (auto place = begin; place != begin + Count(group); ++place)
     {
-        return false;
+        const gsl_Triple* corner = triangles_[At(place->triangle)].corner;
+        const gsl_Triple sum = corner[0] + corner[1] + corner[2];
+        place->centre[0] = Sortable(sum.x);
+        place->centre[1] = Sortable(sum.y);
+        place->centre[2] = Sortable(sum.z);
+        region.Add(*place);
     }
-    parts_[At(part)].upper = static_cast<std::int32_t>(parts_.size());
-    return Halve(first + below, count - below, begin + below, upper, clock);
+    ranges_[At(group)].region = region;
 }
 
 // Puts the triangles with their centre below the cut first, keeping their order; returns how many they are.
 // Both places are written for every triangle: cheaper than a branch that no one can predict.
-int gsl_PartTree::Partition(Loose* first, int count, int axis, float cut, gsl_ProceedClock& clock)
+int gsl_PartTree::Partition(Place* first, int count, int axis, float cut, gsl_ProceedClock& clock)
 {
+    if (asideSize_ < At(count))
+    {
+        aside_ = std::make_unique_for_overwrite<Place[]>(At(count));
+        asideSize_ = At(count);
+    }
     int below = 0;
     int above = 0;
-    for (int from = 0; from < count; from += BLOCK)
+    int to = 0;
+    try
     {
-        const int to = std::min(from + BLOCK, count);
-        for (int i = from; i < to; ++i)
+        while (to < count)
         {
-            const Loose item = first[i];
-            const int isBelow = item.centre[axis] < cut ? 1 : 0;
-            first[below] = item;
-            aside_[At(above)] = item;
-            below += isBelow;
-            above += 1 - isBelow;
+            const int from = to;
+            to = std::min(from + STRETCH, count);
+            for (int i = from; i < to; ++i)
+            {
+                const Place item = first[i];
+                const int isBelow = item.centre[axis] < cut ? 1 : 0;
+                first[below] = item;
+                aside_[At(above)] = item;
+                below += isBelow;
+                above += 1 - isBelow;
+            }
+            clock.Spend(1 + (to - from) / STEPS_A_UNIT);
         }
-        clock.Spend(1 + (to - from) / STEPS_A_UNIT);
+    }
+    catch (...)
+    {
+        // The clock asks the caller, who may throw: back to the order of the triangles.
+        std::copy_n(aside_.get(), above, first + below);
+        std::inplace_merge(first, first + below, first + to,
+                           [](const Place& a, const Place& b) { return a.triangle < b.triangle; });
+        throw;
     }
     std::copy_n(aside_.get(), above, first + below);
     return below;
 }
 
-// The boxes of the parts from first to before last, children before their parents.
-void gsl_PartTree::MakeBoxes(int first, int last, gsl_ProceedClock& clock)
+// Box and lowest index of a part, from its triangles.
+void gsl_PartTree::Gather(int part, gsl_ProceedClock& clock)
 {
-    for (int part = last - 1; part >= first; --part)
+    gsl_Extent box;
+    std::int32_t lowest = std::numeric_limits<std::int32_t>::max();
+    const auto begin = order_.begin() + FirstSlot(part);
+    for (auto place = begin; place != begin + Count(part); ++place)
     {
-        gsl_Extent box;
-        if (IsLeaf(part))
-        {
-            const int begin = FirstSlot(part);
-            for (int slot = begin; slot < begin + Count(part); ++slot)
-            {
-                box.Add(boxes_[At(slot)]);
-            }
-        }
-        else
-        {
-            box = Box(Lower(part));
-            box.Add(Box(Upper(part)));
-        }
-        parts_[At(part)].box = box;
-        sheetAt_[At(part)] = NOT_PREPARED;
-        clock.Spend(1);
+        const Triangle& triangle = triangles_[At(place->triangle)];
+        box.Add(triangle.box);
+        lowest = std::min(lowest, triangle.index);
     }
-}
-
-// The lowest indices of the parts from first to before last.
-void gsl_PartTree::FindLowest(int first, int last)
-{
-    for (int part = last - 1; part >= first; --part)
-    {
-        const auto begin = index_.begin() + FirstSlot(part);
-        std::int32_t lowest = std::numeric_limits<std::int32_t>::max(); // of an empty group
-        if (IsLeaf(part))
-        {
-            std::for_each(begin, begin + Count(part), [&](std::int32_t i) { lowest = std::min(lowest, i); });
-        }
-        else
-        {
-            lowest = std::min(LowestIndex(Lower(part)), LowestIndex(Upper(part)));
-        }
-        parts_[At(part)].lowest = lowest;
-    }
+    Part& made = parts_[At(part)];
+    made.box = box;
+    made.lowest = lowest;
+    ranges_[At(part)].sheet = NOT_PREPARED;
+    clock.Spend(1 + made.count / STEPS_A_UNIT);
 }
 
 const gsl_Sheet& gsl_PartTree::MakeSheet(int part, const gsl_Triple& along, gsl_ProceedClock& clock)
 {
     gsl_Sheet sheet;
-    if (Count(part) > SHEET_SIZE && !IsLeaf(part))
+    const auto begin = order_.begin() + FirstSlot(part);
+    const auto each = [&](auto add) {
+        std::for_each(begin, begin + Count(part),
+                      [&](const Place& place) { add(triangles_[At(place.triangle)].corner); });
+    };
+    if (Count(part) <= SHEET_SIZE)
     {
-        sheet.AddHeights(Sheet(Lower(part), along, clock));
-        sheet.AddHeights(Sheet(Upper(part), along, clock));
+        each([&](const gsl_Triple* corners) { sheet.AddSlope(corners, along); });
+        sheet.Lean(along);
+        each([&](const gsl_Triple* corners) { sheet.AddPlaces(corners, along); });
     }
     else
     {
-        const auto begin = corners_.begin() + FirstSlot(part);
-        std::for_each(begin, begin + Count(part), [&](const Corners& c) { sheet.AddSlope(c.at, along); });
-        sheet.Lean(along);
-        std::for_each(begin, begin + Count(part), [&](const Corners& c) { sheet.AddPlaces(c.at, along); });
-        clock.Spend(Count(part));
+        each([&](const gsl_Triple* corners) { sheet.AddHeights(corners, along); });
     }
-    sheetAt_[At(part)] = static_cast<std::int32_t>(sheets_.Count());
+    clock.Spend(Count(part));
+    ranges_[At(part)].sheet = static_cast<std::int32_t>(sheets_.Count());
     gsl_Sheet& kept = sheets_.Take();
     kept = sheet;
     return kept;
 }
 
-const gsl_StageTriangle* gsl_PartTree::Prepare(int slot, const gsl_CornerSource& source,
+const gsl_StageTriangle* gsl_PartTree::Prepare(Triangle& triangle, const gsl_CornerSource& source,
                                                const gsl_PairStage& stage)
 {
-    const gsl_Triple* corners = corners_[At(slot)].at;
     gsl_Triple normal;
-    if (!source.Normal(corners, normal))
+    if (!source.Normal(triangle.corner, normal))
     {
-        preparedAt_[At(slot)] = DEGENERATE;
+        triangle.prepared = DEGENERATE;
         return nullptr;
     }
-    preparedAt_[At(slot)] = static_cast<std::int32_t>(prepared_.Count());
+    triangle.prepared = static_cast<std::int32_t>(prepared_.Count());
     gsl_StageTriangle& prepared = prepared_.Take();
-    prepared = stage.Prepare(corners, normal);
+    prepared = stage.Prepare(triangle.corner, normal);
     return &prepared;
 }

@@ -13,7 +13,7 @@ void gsl_SearchTree::Begin(const gsl_TriOctreeNode& root)
         search_ = 1;
         stamp_ = root.Stamp();
     }
-    parts_.BeginSearch();
+    parts_.BeginSearch(search_);
     CellAt(Root()).box = BoxOf(root);
 }
 

@@ -70,10 +70,14 @@ void gsl_Sheet::AddPlaces(const gsl_Triple corners[3], const gsl_Triple& along) 
     }
 }
 
-void gsl_Sheet::AddHeights(const gsl_Sheet& other) noexcept
+void gsl_Sheet::AddHeights(const gsl_Triple corners[3], const gsl_Triple& along) noexcept
 {
-    low = std::min(low, other.low);
-    high = std::max(high, other.high);
+    for (int i = 0; i < 3; ++i)
+    {
+        const double height = gsl_Dot3(corners[i], along);
+        low = std::min(low, height);
+        high = std::max(high, height);
+    }
 }
 
 bool gsl_Sheet::CanMeet(const gsl_Sheet& movable, const gsl_Extent& movableBox, const gsl_Sheet& fixed,

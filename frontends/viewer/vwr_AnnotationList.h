@@ -16,8 +16,9 @@ class omu_PrimTuple;
 ///
 /// The history does not say to which container a change belongs, and some changes are not in it. So every
 /// name that a change touched is compared with the container afterwards, and the number of names: where one
-/// differs, the list is taken from the container afresh. That finds every difference, since names that were
-/// not touched keep their order.
+/// differs, the list is taken from the container afresh. That finds every difference that this thread made,
+/// since names that were not touched keep their order. Of what other threads did it finds what changes the
+/// number of names, or the place of a name that this thread touched: their mere moves go unseen.
 class vwr_AnnotationList
 {
 public:

@@ -17,26 +17,18 @@ using testing::HasSubstr;
 
 namespace
 {
-using Words = std::vector<std::string>;
-
 /// Exit code, standard output and standard error, one behind the other.
-std::string Outcome(const Words& words, bool hasColor = false)
+std::string Outcome(const std::vector<std::string>& words)
 {
     std::ostringstream out;
     std::ostringstream err;
     bat_Console console{out, err};
-    console.outHasColor = hasColor;
     const int code = static_cast<int>(bat_Driver::Run(words, console));
     return std::to_string(code) + "\n" + out.str() + err.str();
 }
 
 TEST(Color, WhatIsShown)
 {
-    const std::string orange = "#FF8000\nrgb       1, 0.5, 0\nbytes     255, 128, 0\n"
-                               "hsv       0.083333336, 1, 1\n";
-    EXPECT_EQ(Outcome({"color", "Orange"}), "0\nname      Orange\nhex       " + orange);
-    EXPECT_EQ(Outcome({"color", "Orange"}, true),
-              "0\nname      \033[48;2;255;128;0m      \033[0m Orange\nhex       " + orange);
     EXPECT_EQ(Outcome({"color", "Sky", "blue", "--json"}),
               R"(0
 {"schema":"orvex.color/1","colors":[{"name":"Sky blue","hex":"#00CCFF","rgb":[0.0,0.8,1.0],)"
@@ -53,20 +45,14 @@ TEST(Color, WhatIsShown)
 
 TEST(Color, WhatIsRefused)
 {
-    const auto unknown = [](const std::string& rest) { return "3\norvex: " + rest + "\n"; };
-    EXPECT_EQ(Outcome({"color", "Mud"}), unknown("Mud is not a valid color name."));
-    EXPECT_EQ(Outcome({"color", "skyblue"}),
-              unknown("skyblue is not a valid color name. Did you mean \"Sky blue\"?"));
-    EXPECT_EQ(Outcome({"color", "R\033[31m"}), unknown("R?[31m is not a valid color name."));
+    EXPECT_EQ(Outcome({"color", "sky\033blue"}),
+              "3\norvex: sky?blue is not a valid color name. Did you mean \"Sky blue\"?\n");
     EXPECT_EQ(Outcome({"color"}), "2\norvex: a name or --list is required (see orvex color --help)\n");
-    EXPECT_EQ(Outcome({"color", "--list", "Red"}),
-              "2\norvex: --list takes no name (see orvex color --help)\n");
 }
 
 class Memento : public testing::Test
 {
 protected:
-    std::string Listed() const { return Outcome({"memento", file_, "--json"}); }
     void Write(const Bytes& bytes) const
     {
         folder_.Write("a.oxm", std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
@@ -92,12 +78,11 @@ TEST_F(Memento, WhatIsListed)
                                 "annC_AnnotationContainer\n\n"
                                 "class                     version  parent           objects       bytes\n"));
     EXPECT_THAT(text, HasSubstr("annC_Text                     437  annC_Annotation        2 "));
-    const auto json = nlohmann::json::parse(Listed().substr(2));
+    const auto json = nlohmann::json::parse(Outcome({"memento", file_, "--json"}).substr(2));
     EXPECT_EQ(json["roots"][0]["class"], json["classes"][2]["name"]);
-    EXPECT_EQ(json["objects"], 7);
 }
 
-TEST_F(Memento, WhatIsOddIsAWarning)
+TEST_F(Memento, WhatIsOddIsAWarningAndWhatIsDamagedRefused)
 {
     MementoMaker maker;
     maker.Class(annC_Text::TypeId(), "annC_Text", 9999, annC_Annotation::TypeId(), {});
@@ -106,33 +91,18 @@ TEST_F(Memento, WhatIsOddIsAWarning)
     maker.Root("a", 1);
     maker.Root("none", 0);
     maker.Section("XTRA", 0, {});
-    Write(maker.Make());
+    Bytes bytes = maker.Make();
+    Write(bytes);
     const std::string text = Outcome({"memento", file_});
     EXPECT_THAT(text, HasSubstr("root      a: object 1 of class xyz_?Later\nroot      none: nothing\n"));
     for (const char* odd : {"XTRA", "annC_Text", "class xyz_.Later .0x7770001. is not known"})
         EXPECT_THAT(text, testing::ContainsRegex(std::string("\nwarning   [^\n]*") + odd));
-    EXPECT_EQ(nlohmann::json::parse(Listed().substr(2))["warnings"].size(), 3u);
-}
 
-TEST_F(Memento, WhatIsRefused)
-{
-    MementoMaker maker;
-    maker.Class(annC_Text::TypeId(), "annC_Text", 437, annC_Annotation::TypeId(), {});
-    const Bytes whole = maker.Make();
-    const auto refused = [&](const std::string& sentence) { return "3\norvex: " + sentence + "\n"; };
-    Bytes damaged = whole;
-    damaged[50] ^= 1;
-    Write(damaged);
-    EXPECT_EQ(Listed(), refused(file_ + ": checksum mismatch in section CLAS at byte 28"));
-    Write(Bytes(whole.begin(), whole.begin() + 60));
-    EXPECT_THAT(Listed(),
-                testing::MatchesRegex("3\norvex: " + file_ + ": data ends at byte [0-9]+, [^\n]*\n"));
-    Write({'h', 'i'});
-    EXPECT_EQ(Listed(), refused(file_ + ", byte 0: not a memento"));
-    EXPECT_EQ(Outcome({"memento", folder_.Path()}),
-              refused("cannot read " + folder_.Path() + ": not a file"));
+    bytes[50] ^= 1;
+    Write(bytes);
+    EXPECT_EQ(Outcome({"memento", file_}),
+              "3\norvex: " + file_ + ": checksum mismatch in section CLAS at byte 28\n");
     EXPECT_EQ(Outcome({"memento", file_ + "x"}),
-              refused("cannot read " + file_ + "x: No such file or directory"));
-    EXPECT_EQ(Outcome({"memento"}), "2\norvex: FILE is required (see orvex memento --help)\n");
+              "3\norvex: cannot read " + file_ + "x: No such file or directory\n");
 }
 }

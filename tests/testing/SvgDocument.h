@@ -43,19 +43,12 @@ struct SvgElement
     std::vector<SvgElement> Of(const std::string& kind) const { return With("class", kind); }
     /// The annotation of that name.
     SvgElement Group(const std::string& name) const { return With("data-name", name).at(0); }
-    /// "class name(tag.class tag.class …)" for each annotation, blanks between.
+    /// Its tag and class, and in brackets those of each child.
     std::string Outline() const
     {
-        std::string outline;
-        for (const SvgElement& group : children)
-        {
-            if (group.tag != "g")
-                continue;
-            outline += (outline.empty() ? "" : " ") + group["class"] + " " + group["data-name"] + "(";
-            for (const SvgElement& child : group.children)
-                outline += (outline.back() == '(' ? "" : " ") + child.tag + "." + child["class"];
-            outline += ")";
-        }
+        std::string outline = tag + " " + (*this)["class"];
+        for (const SvgElement& child : children)
+            outline += "(" + child.Outline() + ")";
         return outline;
     }
 };
@@ -95,24 +88,17 @@ private:
         rest_.remove_prefix(taken.size());
         return taken;
     }
-    static std::string Plain(const std::string& written)
+    static std::string Plain(std::string text)
     {
-        std::string text;
-        for (SvgReader in{written}; !in.rest_.empty();)
+        static const std::map<std::string, char> ENTITIES = {
+            {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&amp;", '&'}};
+        for (const char letter : text)
+            Require(static_cast<unsigned char>(letter) >= 0x20 || letter == '\n');
+        for (std::size_t at = 0; (at = text.find('&', at)) != std::string::npos; ++at)
         {
-            const char next = in.rest_[0];
-            Require(static_cast<unsigned char>(next) >= 0x20 || next == '\n');
-            char plain = next;
-            if (next == '&')
-                plain = in.Skip("&lt;")     ? '<'
-                        : in.Skip("&gt;")   ? '>'
-                        : in.Skip("&quot;") ? '"'
-                        : in.Skip("&amp;")  ? '&'
-                                            : '\0';
-            else
-                in.rest_.remove_prefix(1);
-            Require(plain != '\0');
-            text += plain;
+            const auto entity = ENTITIES.find(text.substr(at, text.find(';', at) + 1 - at));
+            Require(entity != ENTITIES.end());
+            text.replace(at, entity->first.size(), 1, entity->second);
         }
         return text;
     }

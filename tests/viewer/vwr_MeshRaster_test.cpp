@@ -48,44 +48,10 @@ vwr_Part Cube(bool shaded, bool edges)
     return cube;
 }
 
-// Parallel to the picture: every face of these has the full light, so its own colour, whatever it is.
-vwr_Part Square(double low, double high, double z, const g3d_Color& color)
-{
-    vwr_Part part;
-    part.points = {{low, low, z}, {high, low, z}, {high, high, z}, {low, high, z}};
-    part.triangles = {{0, 1, 2}, {0, 2, 3}};
-    part.color = color;
-    return part;
-}
-
 int Reds(std::uint32_t pixel)
 {
     return pixel >> 16 & 255;
 }
-int Greens(std::uint32_t pixel)
-{
-    return pixel >> 8 & 255;
-}
-
-TEST(MeshRaster, TheNearerPartHidesTheFartherOneWhateverTheOrder)
-{
-    std::vector<vwr_Part> parts = {Square(0.0, 10.0, 0.0, {1, 0, 0}), Square(3.0, 7.0, 1.0, {0, 1, 0})};
-    for (int order = 0; order < 2; ++order)
-    {
-        vwr_Scene scene = SceneOf(parts);
-        vwr_Image image = Drawn(scene);
-        EXPECT_EQ(image.At(0, 0), 0u) << "the margin";
-        EXPECT_EQ(image.At(10, 10) & 0xFFFF, 0u);
-        EXPECT_EQ(image.At(30, 30) & 0xFF00FF, 0u);
-        scene.view = vwr_View::Along({0, 0, 1}, {0, 1, 0});
-        EXPECT_EQ(Drawn(scene).At(30, 30) & 0xFFFF, 0u) << "from behind";
-        std::swap(parts[0], parts[1]);
-    }
-    // Equally near: the first.
-    parts[0].points = parts[1].points;
-    EXPECT_EQ(Drawn(SceneOf(parts)).At(30, 30) & 0xFFFF, 0u);
-}
-
 // The number of the part, a triangle, nearest to the eye at a point of the picture; -1 for none, -2 where a
 // side passes within a pixel, or two are about equally near.
 int Nearest(const vwr_Scene& scene, const vwr_Viewport& viewport, vwr_Spot at)
@@ -150,7 +116,7 @@ TEST(MeshRaster, ShowsTheNearestTriangleOfARandomHeap)
                 if (nearest < 0)
                     continue;
                 const g3d_Color& color = parts[static_cast<std::size_t>(nearest)].color;
-                EXPECT_NEAR(Greens(pixel), Reds(pixel) * static_cast<double>(color.Green()), 1.5)
+                EXPECT_NEAR(pixel >> 8 & 255, Reds(pixel) * static_cast<double>(color.Green()), 1.5)
                     << x << ' ' << y;
                 EXPECT_NEAR(pixel & 255, Reds(pixel) * static_cast<double>(color.Blue()), 1.5)
                     << x << ' ' << y;
@@ -199,7 +165,7 @@ TEST(MeshRaster, HiddenLinesAreHidden)
     scene.width = scene.height = 200;
     scene.view = vwr_View::Isometric();
     const vwr_Viewport viewport(scene);
-    vwr_Image image = Drawn(scene);
+    const vwr_Image image = Drawn(scene);
     // How white the picture is at parts of the way between two corners of the cube.
     const auto seen = [&](int a, int b) {
         int white = 0;
@@ -219,16 +185,6 @@ TEST(MeshRaster, HiddenLinesAreHidden)
                 EXPECT_EQ(seen(corner, corner | axis), corner == 0 ? 0 : 1) << corner << ' ' << axis;
             }
     EXPECT_EQ(seen(4, 7), 0) << "the diagonal of a side is no edge";
-
-    // Another part in front hides all, and its surface has the background's colour.
-    vwr_Part screen = Square(-9.0, 9.0, 9.0, g3d_White);
-    screen.shaded = false;
-    screen.edges = true;
-    scene.parts.push_back(screen);
-    scene.view = vwr_View();
-    image = Drawn(scene);
-    for (int i = 0; i < 150 * 150; ++i)
-        EXPECT_EQ(image.At(25 + i % 150, 25 + i / 150), 0xFF000000u);
 }
 
 vwr_Part PartOf(std::vector<gsl_Point> points, std::vector<Triangle> triangles)
@@ -243,25 +199,12 @@ TEST(FeatureEdges, AreBordersSharpBendsAndOutlines)
     const std::vector<gsl_Point> roof = {{0, 0, 0}, {1, 0, 0}, {0.5, 1, 0.1}, {0.5, -1, 0.1}};
     std::vector<gsl_Point> steep = roof;
     steep[2].Set(0.5, 1, 0.6);
-    const gsl_Vector up(0, 0, 1);
-    const gsl_Vector side(0, 1, 0);
-    const std::tuple<const char*, vwr_Part, std::size_t> rows[] = {
-        {"cube of separate triangles", Cube(true, true), 12},
-        {"flat square", Square(0, 1, 0, {}), 4},
-        {"shallow bend", PartOf(roof, {{0, 1, 2}, {1, 0, 3}}), 4},
-        {"shallow bend, one turned over", PartOf(roof, {{0, 1, 2}, {0, 1, 3}}), 4},
-        {"sharp bend", PartOf(steep, {{0, 1, 2}, {1, 0, 3}}), 5},
-        {"three at an edge",
-         PartOf({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, -1, 0}, {0, 2, 0}}, {{0, 1, 2}, {1, 0, 3}, {0, 1, 4}}),
-         7},
-        {"zero and minus zero",
-         PartOf({{0.0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {-0.0, 0, 0}, {0, -1, 0}}, {{0, 1, 2}, {1, 3, 4}}), 4},
-        {"a point", PartOf({{0, 0, 0}}, {{0, 0, 0}}), 0},
+    const auto count = [](const std::vector<gsl_Point>& points, const gsl_Vector& eye) {
+        return vwr_FeatureEdges(PartOf(points, {{0, 1, 2}, {0, 1, 3}}), eye).size();
     };
-    for (const auto& [what, part, edges] : rows)
-        EXPECT_EQ(vwr_FeatureEdges(part, up).size(), edges) << what;
-    EXPECT_EQ(vwr_FeatureEdges(PartOf(roof, {{0, 1, 2}, {1, 0, 3}}), side).size(), 5u)
-        << "seen along the roof";
+    EXPECT_EQ(count(roof, {0, 0, 1}), 4u) << "however the triangles are turned";
+    EXPECT_EQ(count(steep, {0, 0, 1}), 5u);
+    EXPECT_EQ(count(roof, {0, 1, 0}), 5u) << "seen along the roof";
 }
 
 TEST(MeshRaster, NothingBreaksIt)
@@ -272,14 +215,8 @@ TEST(MeshRaster, NothingBreaksIt)
     EXPECT_EQ(Drawn(scene).pixels, vwr_Image({SIZE, SIZE, std::vector<std::uint32_t>(SIZE * SIZE)}).pixels);
     scene.parts[0].triangles = {{0, 1, 4}};
     scene.parts[0].color = g3d_Color(static_cast<float>(NOT), 9.0f, -1.0f);
-    EXPECT_EQ(Drawn(scene).At(20, 45) & 0xFF00FF, 0u) << "clamped";
-    for (const double huge : {1e-320, 1e99})
-    {
-        scene.parts = {PartOf({{-huge, -huge, 0}, {huge, -huge, 0}, {0, huge, huge}}, {{0, 1, 2}})};
-        scene.parts[0].edges = true;
-        EXPECT_EQ(huge == 1e99, Drawn(scene).At(30, 30) >> 24 == 255u);
-    }
-    scene.width = scene.height = 1;
-    EXPECT_EQ(Drawn(scene).pixels.size(), 1u);
+    scene.parts.push_back(scene.parts[0]);
+    scene.parts[1].color = g3d_Color(1.0f, 0.0f, 0.0f);
+    EXPECT_EQ(Drawn(scene).At(20, 45) & 0xFF00FF, 0u) << "clamped; of two equally near the first";
 }
 }

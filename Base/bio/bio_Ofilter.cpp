@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <bio_LittleEndian.h>
 #include <bio_Ofilter.h>
 #include <bit>
@@ -88,7 +89,7 @@ void bio_Ofilter::WriteRaw(const void* bytes, std::size_t count)
         return;
     // A long run comes with room for what follows it, which would else move all of it.
     if (count > LONG_RUN && count > bytes_.capacity() - bytes_.size())
-        bytes_.reserve(bytes_.size() + count + count / 8);
+        bytes_.reserve(std::max(bytes_.size() + count + count / 8, 2 * bytes_.capacity()));
     const auto* first = static_cast<const unsigned char*>(bytes);
     bytes_.insert(bytes_.end(), first, first + count);
 }

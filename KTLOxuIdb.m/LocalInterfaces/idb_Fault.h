@@ -83,6 +83,7 @@ inline constexpr const char* WRITTEN_TYPE =
 inline constexpr const char* WRITTEN_COLLECTION =
     "idb_MementoWrite: class %s writes the attribute %s as collection type %d, declared %d";
 inline constexpr const char* WRITE_CYCLIC = "idb_MementoWrite: a %s is part of a cyclic reference";
+inline constexpr const char* NAME_WITH_ZERO = "idb_MementoWrite: the name %s holds a zero byte";
 inline constexpr const char* WRITE_NAME_TWICE = "idb_MementoWrite: name %s is given twice";
 inline constexpr const char* NO_OBJECT =
     "idb_MementoWrite: %s is no object, and a memento holds named objects";

@@ -32,6 +32,9 @@ public:
     const cow_String& ClassName() const { return place_.className; }
     int SystemNumber() const { return place_.systemNumber; }
 
+    /// Takes from `place` what is not known yet.
+    void Complete(const Place& place);
+
     cow_String AsString() const override;
     [[noreturn]] void Propagate() const override;
     idb_MementoException* Copy() const override;

@@ -43,6 +43,7 @@ public:
     template <class T>
     void Add(const cow_String& name, const T& object)
     {
+        RequireName(name);
         const cls_FieldHandle field = {0, name.AsCharPtr()};
         if constexpr (cls_Handle<T> || std::is_pointer_v<T>)
             WriteShared(field, object);
@@ -109,6 +110,8 @@ private:
     /// The index of the class and its record; the class and its parents are added where they are new.
     std::uint32_t ClassIndex(unsigned typeId, const cls_ClassMetadata*& record);
     void RequireText(const cow_String& text) const;
+    /// Names go through the visitor as zero-ended texts.
+    void RequireName(const cow_String& name) const;
     void Assemble();
     template <class W, class... Arguments>
     W* MakeCollection(Arguments... arguments);

@@ -41,7 +41,9 @@ public:
     {
         if (count < 1)
             return;
-        if (cursor_ < 0 || cursor_ > count_ || count > count_ - cursor_)
+        if (cursor_ < 0 || cursor_ >= count_)
+            nex_RaiseRange(cursor_, count_);
+        if (count > count_ - cursor_)
             nex_RaiseRange(static_cast<long long>(cursor_) + count - 1, count_);
         for (int i = 0; i < count; ++i)
             buffer[i] = list_.Get(cursor_ + i);

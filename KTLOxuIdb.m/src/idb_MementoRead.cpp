@@ -171,7 +171,7 @@ void idb_MementoRead::ReadObjPtr(std::uint32_t number, cls_ObjectSink& sink)
     }
     Body& body = *body_;
     if (number > body.stored.ObjectCount())
-        idb_Fault::Raise(SOURCE, __LINE__, {-1, number}, idb_Fault::BAD_REFERENCE, Text(number),
+        idb_Fault::Raise(SOURCE, __LINE__, {}, idb_Fault::BAD_REFERENCE, Text(number),
                          Text(body.stored.ObjectCount()));
     const idb_StoredClass& stored = body.stored.ClassOf(number);
     const auto at = static_cast<std::int64_t>(body.stored.Object(number).at);
@@ -241,8 +241,9 @@ std::unique_ptr<cls_Persistent> idb_MementoRead::Create(std::uint32_t number)
         frame.Open(body.stored, body.limits, number);
         return adapter->Create(frame.Reader(frame.PartCount() - 1));
     }
-    catch (const idb_MementoException&)
+    catch (idb_MementoException& fault)
     {
+        fault.Complete(place());
         throw;
     }
     catch (const bio_DataException& fault)
@@ -428,7 +429,8 @@ std::unique_ptr<idb_ReadMapInt2Obj> idb_MementoRead::MakeAltReadMapInt2Obj()
 
 void idb_MementoRead::RequireRoot(const cow_String& name) const
 {
-    if (!HasRoot(name))
+    // A name with a zero byte was never written, and would be cut on its way through the visitor.
+    if (!HasRoot(name) || name.View().find('\0') != std::string_view::npos)
         idb_Fault::Raise(SOURCE, __LINE__, {}, idb_Fault::NO_ROOT, name);
 }
 

@@ -230,6 +230,12 @@ void idb_MementoWrite::RequireText(const cow_String& text) const
         Body::RefuseLimit(idb_Fault::TEXT_LENGTH);
 }
 
+void idb_MementoWrite::RequireName(const cow_String& name) const
+{
+    if (name.View().find('\0') != std::string_view::npos)
+        body_->Try([&] { idb_Fault::Raise(SOURCE, __LINE__, {}, idb_Fault::NAME_WITH_ZERO, name); });
+}
+
 void idb_MementoWrite::Assemble()
 {
     Body& body = *body_;

@@ -35,6 +35,10 @@ void idb_ObjectFrame::Open(const idb_StoredMemento& stored, const idb_MementoLim
             continue;
         const idb_StoredClass& own = ClassOf(parts_.back());
         const idb_StoredClass& base = ClassOf(parts_[parts_.size() - 2]);
+        if (base.record != nullptr && !(base.record->Name() == base.name))
+            idb_Fault::Raise(SOURCE, __LINE__, {static_cast<std::int64_t>(in.Position()), number, name},
+                             idb_Fault::OTHER_NAME, Text(number), base.name,
+                             idb_Fault::Hexadecimal(base.typeId), base.record->Name());
         if (own.typeId == base.typeId || base.typeId == cls_UniversalRoot ||
             !cls_MetadataRegistrar::Instance().Registrar().InheritanceCheck(own.typeId, base.typeId))
             idb_Fault::Raise(SOURCE, __LINE__, {static_cast<std::int64_t>(in.Position()), number, name},

@@ -20,7 +20,7 @@ public:
     }
     bool ChangeKey(const cow_String& from, const cow_String& to)
     {
-        return IsMember(from) && body_.Get().ChangeKey(from, to);
+        return IsMember(from) && (from == to || body_.Get().ChangeKey(from, to));
     }
     bool MoveBefore(const cow_String& name, const cow_String& other)
     {
@@ -31,7 +31,7 @@ public:
         return IsMember(name) && IsMember(other) && (name == other || body_.Get().MoveAfter(name, other));
     }
     bool Remove(const cow_String& name) { return IsMember(name) && body_.Get().Remove(name); }
-    void Clear() { body_ = cow_COW<annC_MapString2AnnotationCowImpl>(new annC_MapString2AnnotationCowImpl); }
+    void Clear() { body_ = cow_COW<annC_MapString2AnnotationCowImpl>(body_->EmptySuccessor()); }
 
     bool IsEmpty() const { return body_->IsEmpty(); }
     unsigned Size() const { return body_->Size(); }

@@ -29,6 +29,8 @@ public:
     bool MoveAfter(const cow_String& name, const cow_String& other);
     bool Remove(const cow_String& name);
     void Clear() noexcept;
+    /// A new map without entries whose identifiers go on from this one's; the caller owns it.
+    annC_MapString2AnnotationCowImpl* EmptySuccessor() const;
 
     bool IsEmpty() const { return Size() == 0; }
     unsigned Size() const { return list_.Size(); }

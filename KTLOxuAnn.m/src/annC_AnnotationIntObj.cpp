@@ -73,8 +73,7 @@ const omu_PrimWrapper* annC_AnnotationIntObj::ConstGetWrapper() const
 
 int annC_AnnotationIntObj::Id() const
 {
-    const auto container = Container();
-    return container != nullptr ? container->GetId(Name()) : -1;
+    return IsStale() ? -1 : Container()->GetId(Name());
 }
 
 cow_String annC_AnnotationIntObj::Name() const

@@ -39,8 +39,11 @@ void annC_ArgumentReader::ReadAnchor(const char* keyword, annC_AnchorCow& anchor
 
 void annC_ArgumentReader::ReadColor(const char* keyword, cow_String& color)
 {
-    if (arguments_.Get(color, keyword))
-        annC_AnnotationClient::Instance().VerifyColorValue(color);
+    cow_String given;
+    if (!arguments_.Get(given, keyword))
+        return;
+    annC_AnnotationClient::Instance().VerifyColorValue(given);
+    color = given;
 }
 
 bool annC_ArgumentReader::ReadFloats(const char* keyword, int least, int most, cow_List<double>& values)

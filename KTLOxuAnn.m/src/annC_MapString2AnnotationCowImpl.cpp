@@ -91,6 +91,13 @@ void annC_MapString2AnnotationCowImpl::Clear() noexcept
     list_.Clear();
 }
 
+annC_MapString2AnnotationCowImpl* annC_MapString2AnnotationCowImpl::EmptySuccessor() const
+{
+    auto* successor = new annC_MapString2AnnotationCowImpl;
+    successor->nextId_ = nextId_;
+    return successor;
+}
+
 int annC_MapString2AnnotationCowImpl::GetId(const cow_String& name) const
 {
     const Node* node = NodeOf(name);

@@ -4,6 +4,7 @@
 #include <scr_Exceptions.h>
 #include <scr_Instance.h>
 #include <scr_Own.h>
+#include <scr_Values.h>
 #include <string>
 #include <vector>
 
@@ -156,6 +157,13 @@ private:
                                   "an integer of an Array must be -2147483648 to 2147483647");
         }
         hasFloats_ = hasFloats_ || isFloat;
+        // Lists that contain one another may unfold to more than any memory holds.
+        if (elements_.size() >= static_cast<std::size_t>(scr_Values::MAX_ITEMS))
+            scr_Exceptions::Throw("OverflowError", "an Array takes at most " +
+                                                       std::to_string(scr_Values::MAX_ITEMS) +
+                                                       " numbers from lists");
+        if (elements_.size() % 65536 == 0 && PyErr_CheckSignals() != 0)
+            throw py::error_already_set();
         elements_.push_back(number);
     }
     [[noreturn]] static void RaiseRagged()

@@ -56,8 +56,11 @@ PyObject* Invoke(PyObject* self, PyObject* const* values, std::size_t flags, PyO
             reader.Append(arguments, values[i]);
         const Py_ssize_t named = keywords == nullptr ? 0 : PyTuple_GET_SIZE(keywords);
         for (Py_ssize_t i = 0; i < named; ++i)
-            arguments.Put(scr_Keywords::Text(PyTuple_GET_ITEM(keywords, i)),
-                          reader.Read(values[positional + i]).release());
+        {
+            // Before the keyword: reading may run other Python code, which calls with keywords of its own.
+            std::unique_ptr<omu_Primitive> value = reader.Read(values[positional + i]);
+            arguments.Put(scr_Keywords::Text(PyTuple_GET_ITEM(keywords, i)), value.release());
+        }
         // The command may let go of the object on which it is called.
         const py::object kept = py::reinterpret_borrow<py::object>(self);
         return scr_Values::ToPython(Run(AsCall(self), arguments)).release().ptr();

@@ -17,6 +17,13 @@ std::unordered_map<cow_String, PyObject*>& Made()
     return *made;
 }
 
+// Whether the name stands for the constant in the module's names.
+bool IsKnown(const cow_String& name)
+{
+    return omu_SymbolicConstantTable::Exists() && omu_SymbolicConstantTable::Instance().IsMember(name) &&
+           omu_SymbolicConstantTable::IsValidSymConstName(name);
+}
+
 // So that a text that repr gave evaluates in the module's names.
 void Publish(const cow_String& name, const py::object& constant)
 {
@@ -33,10 +40,7 @@ py::object scr_Constants::Make(const cow_String& name)
     if (const auto found = Made().find(name); found != Made().end())
         return py::reinterpret_borrow<py::object>(found->second);
     py::object constant = py::cast(Constant{name});
-    const bool isKnown = omu_SymbolicConstantTable::Exists() &&
-                         omu_SymbolicConstantTable::Instance().IsMember(name) &&
-                         omu_SymbolicConstantTable::IsValidSymConstName(name);
-    if (isKnown)
+    if (IsKnown(name))
     {
         Made().emplace(name, constant.inc_ref().ptr());
         Publish(name, constant);
@@ -59,7 +63,7 @@ void scr_RegisterConstants(py::module_& module)
         .def("__repr__",
              [](const Constant& self) -> py::object {
                  py::object name = scr_Text::ToPython(self.name);
-                 if (omu_SymbolicConstantTable::IsValidSymConstName(self.name))
+                 if (IsKnown(self.name))
                      return name;
                  return py::str("SymbolicConstant({!r})").format(name);
              })

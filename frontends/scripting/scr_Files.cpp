@@ -56,22 +56,22 @@ void Save(const py::object& path)
 }
 
 /// The sentences on what is odd about the file.
-py::list Open(const py::object& path)
+void Open(const py::object& path, const py::function& warn)
 {
     const scr_Running running;
     const auto annotations = Annotations();
-    py::list warnings;
     WithFile(scr_Text::PathOf(path.ptr()), [&](const cow_String& file) {
         idb_MementoRead memento(file);
         annC_AnnotationContainer opened;
         memento.Root(ANNOTATIONS, opened);
-        scr_Text::Append(warnings, memento.Warnings());
+        // Before anything changes: a warning may be made an error.
+        for (const cow_String& sentence : memento.Warnings())
+            warn(scr_Text::ToPython(sentence));
         // Nothing is posted: whoever follows the changes sees by its identity that it is another one, also
         // when it was saved from this very container.
         opened.NewUid();
         *annotations = std::move(opened);
     });
-    return warnings;
 }
 
 int Pixels(const py::object& given, const char* name)

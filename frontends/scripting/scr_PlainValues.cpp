@@ -96,7 +96,15 @@ void scr_RegisterPlainValues(py::module_& module)
             "type", [](const Value& self) { return scr_Text::ToPython(self.held->TypeString().AsString()); })
         .def("__repr__", [](const Value& self) { return scr_Text::ToPython(self.held->AsRepr()); })
         .def(
-            "__eq__", [](const Value& a, const Value& b) { return *a.held == *b.held; }, py::is_operator());
+            "__eq__", [](const Value& a, const Value& b) { return *a.held == *b.held; }, py::is_operator())
+        // It never changes, so that a copy is the value itself.
+        .def("__copy__", [](const py::object& self) { return self; })
+        .def("__deepcopy__", [](const py::object& self, const py::dict&) { return self; })
+        .def("__reduce__", [](const Value& self) -> py::object {
+            throw py::type_error("a value of the type " +
+                                 std::string(self.held->TypeString().AsString().View()) +
+                                 " cannot be pickled");
+        });
     value.attr("__hash__") = py::none();
     scr_RefuseNew(value);
     valueClass = reinterpret_cast<PyTypeObject*>(value.ptr());

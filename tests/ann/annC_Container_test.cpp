@@ -57,6 +57,9 @@ TEST(Container, DeltasTellTheFinalPlace)
         {"get posts before it looks", [](C& c) { return c.Get("x") != nullptr; }, false, "('Modify', 'x')"},
         {"get by index", [](C& c) { return c.Get(1) != nullptr && c.Get(4) == nullptr; }, true,
          "('Modify', 'b')"},
+        {"identifiers go on after clear",
+         [](C& c) { return c.Clear(), c.Insert("a", new annC_Arrow), c.GetId("a") > 0; }, true,
+         "('Insert', 'a', 0)"},
         {"clear posts nothing", [](C& c) { return c.Clear(), c.Size() == 0; }, true, ""}};
     for (const auto& row : rows)
     {

@@ -41,8 +41,8 @@ ENDINGS = {
         "builtins.kept = [orvex.mdb.models['M'], orvex.mdb.models.keys, orvex.Array([1]), orvex.Type('Part'),\n"
         "                 orvex.SymbolicConstant('X'), orvex.expression(1), orvex.echo, Loud()]\n"
         "LATE.append(lambda: print([repr(v) for v in builtins.kept[:-1]], builtins.kept[0] == 1, flush=True))",
-        "[\"mdb.models['M']\", '<method keys of mdb.models>', \"Array([1], 'i')\", \"Type('Part')\", 'X', '1', "
-        "'<command echo>'] False\ngone "),
+        "[\"mdb.models['M']\", '<method keys of mdb.models>', \"Array([1], 'i')\", \"Type('Part')\", "
+        "\"SymbolicConstant('X')\", '1', '<command echo>'] False\ngone "),
     "calls after the stop": (
         "def late():\n"
         "    for call in (lambda: orvex.echo(1), lambda: orvex.mdb, lambda: model.name, lambda: echo([Loud()])):\n"

@@ -77,19 +77,10 @@ def test_keep_type_and_value(value):
     assert same(pickle.loads(pickle.dumps(echo(value))), value)
 
 
-class Constants(dict):
-    """The names that are constants, of the module or not."""
-
-    def __missing__(self, name):
-        if not name.isupper():
-            raise KeyError(name)
-        return orvex.SymbolicConstant(name)
-
-
 @settings(deadline=None)
 @given(trees(plain | finite | st.builds(complex, nonzero, nonzero), [texts]))
 def test_repr_evaluates_to_the_value(value):
-    assert same(eval(repr(echo(value)), vars(orvex), Constants()), value)
+    assert same(eval(repr(echo(value)), vars(orvex)), value)
 
 
 def nested(levels):

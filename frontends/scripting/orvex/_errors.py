@@ -25,7 +25,7 @@ class Error(Exception):
 
 
 class AccessError(Error):
-    """The object behind a handle is gone; the message is the path."""
+    """The object behind a handle is gone; value is its path."""
 
 
 class AttributeError(Error, _builtins.AttributeError):

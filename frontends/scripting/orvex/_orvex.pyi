@@ -8,7 +8,7 @@ def all_names() -> list[str]: ...
 
 _travel: Callable[..., Any]
 _save: Callable[..., None]
-_open: Callable[..., list[str]]
+_open: Callable[..., None]
 _picture: Callable[..., None]
 
 @final
@@ -77,6 +77,8 @@ class Value:
 
     @property
     def type(self) -> str: ...
+    def __copy__(self) -> Value: ...
+    def __deepcopy__(self, memo: dict[Any, Any], /) -> Value: ...
     def __eq__(self, other: object, /) -> bool: ...
     __hash__: None  # type: ignore[assignment]
 

@@ -26,8 +26,7 @@ def open(path: _Path) -> None:
     changed when the file cannot be read, which raises OSError, or is damaged or no such file, which raises
     MementoError. What is odd about the file and does no harm is a warning.
     """
-    for sentence in _orvex._open(path):
-        warnings.warn(sentence, stacklevel=2)
+    _orvex._open(path, lambda sentence: warnings.warn(sentence, stacklevel=3))
 
 
 def picture(path: _Path, width: int = 800, height: int = 600) -> None:

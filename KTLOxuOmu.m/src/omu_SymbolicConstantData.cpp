@@ -11,8 +11,8 @@ omu_SymbolicConstantData::omu_SymbolicConstantData(const cow_String& name, unsig
     const char* const text = text_.AsCharPtr();
     omu_SymbolicConstantTable& table = omi_Singleton<omu_SymbolicConstantTable>::Instance();
     if (omu_EnvSwitches::TraceSymbolicConstants())
-        std::fprintf(stderr, "%X:omu_SymbolicConstantData(%s, %u, %s)\n", omu_ProcessId(), text, id,
-                     createInScript ? "true" : "false");
+        std::fprintf(stderr, "%s:omu_SymbolicConstantData(%s, %u, %s)\n", omu_ProcessIdText().c_str(), text,
+                     id, createInScript ? "true" : "false");
     if (!omu_SymbolicConstantTable::IsValidSymConstName(text_))
         std::fprintf(stderr, "omu_SymbolicConstantData(%s, %u) Name is invalid\n", text, id);
     if (id_ != 0 && !table.IsMember(text_))
@@ -25,8 +25,8 @@ omu_SymbolicConstantData::omu_SymbolicConstantData(const cow_String& name, unsig
     if (createInScript)
         table.CreatePythonSymbolicConstant(text_, static_cast<int>(id_));
     if (omu_EnvSwitches::TraceSymbolicConstants())
-        std::fprintf(stderr, "%X:omu_SymbolicConstantData(%s, %u) -> id %u\n", omu_ProcessId(), text, id,
-                     id_);
+        std::fprintf(stderr, "%s:omu_SymbolicConstantData(%s, %u) -> id %u\n", omu_ProcessIdText().c_str(),
+                     text, id, id_);
 }
 
 omu_SymbolicConstantData::omu_SymbolicConstantData(unsigned int id) : id_(id)

@@ -45,8 +45,8 @@ unsigned int omu_SymbolicConstantTable::AddString(cow_String key)
     }
     const unsigned int id = Append(key);
     if (omu_EnvSwitches::TraceSymbolicConstants())
-        std::fprintf(stderr, "%X:omu_SCTable::AddStr('%s') id:%d\n", omu_ProcessId(), key.AsCharPtr(),
-                     static_cast<int>(id));
+        std::fprintf(stderr, "%s:omu_SCTable::AddStr('%s') id:%d\n", omu_ProcessIdText().c_str(),
+                     key.AsCharPtr(), static_cast<int>(id));
     return id;
 }
 
@@ -60,8 +60,9 @@ unsigned int omu_SymbolicConstantTable::AddSCD(omu_SymbolicConstantData constant
     else if (!name.IsEmpty())
         id = Append(name);
     if (omu_EnvSwitches::TraceSymbolicConstants())
-        std::fprintf(stderr, "%X:omu_SCTable::AddSCD(scd) '%s' id:%d  getId:%d\n", omu_ProcessId(),
-                     name.AsCharPtr(), static_cast<int>(id), static_cast<int>(constant.getId()));
+        std::fprintf(stderr, "%s:omu_SCTable::AddSCD(scd) '%s' id:%d  getId:%d\n",
+                     omu_ProcessIdText().c_str(), name.AsCharPtr(), static_cast<int>(id),
+                     static_cast<int>(constant.getId()));
     return id;
 }
 

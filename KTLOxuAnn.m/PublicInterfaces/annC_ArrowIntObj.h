@@ -28,4 +28,6 @@ private:
     omu_Primitive* SetParameters(omu_Arguments& arguments) const;
     omu_Primitive* TranslateStartPoint(omu_Arguments& arguments) const;
     omu_Primitive* TranslateEndPoint(omu_Arguments& arguments) const;
+    omu_Primitive* TranslatePoint(omu_Arguments& arguments, double annC_Arrow::*pointX,
+                                  double annC_Arrow::*pointY) const;
 };

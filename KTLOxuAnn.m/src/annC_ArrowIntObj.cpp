@@ -79,24 +79,23 @@ omu_Primitive* annC_ArrowIntObj::SetParameters(omu_Arguments& arguments) const
 
 omu_Primitive* annC_ArrowIntObj::TranslateStartPoint(omu_Arguments& arguments) const
 {
-    double x = 0.0;
-    double y = 0.0;
-    GetShift(arguments, x, y);
-    Change<annC_Arrow>([x, y](annC_Arrow& arrow) {
-        arrow.startPointX += x;
-        arrow.startPointY += y;
-    });
-    return nullptr;
+    return TranslatePoint(arguments, &annC_Arrow::startPointX, &annC_Arrow::startPointY);
 }
 
 omu_Primitive* annC_ArrowIntObj::TranslateEndPoint(omu_Arguments& arguments) const
 {
+    return TranslatePoint(arguments, &annC_Arrow::endPointX, &annC_Arrow::endPointY);
+}
+
+omu_Primitive* annC_ArrowIntObj::TranslatePoint(omu_Arguments& arguments, double annC_Arrow::*pointX,
+                                                double annC_Arrow::*pointY) const
+{
     double x = 0.0;
     double y = 0.0;
     GetShift(arguments, x, y);
-    Change<annC_Arrow>([x, y](annC_Arrow& arrow) {
-        arrow.endPointX += x;
-        arrow.endPointY += y;
+    Change<annC_Arrow>([&](annC_Arrow& arrow) {
+        arrow.*pointX += x;
+        arrow.*pointY += y;
     });
     return nullptr;
 }

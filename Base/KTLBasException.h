@@ -50,6 +50,7 @@ public:
     virtual unsigned DynTypeId() const;
     /// Writes identifier, message, code, source, line and traceback.
     virtual void DBWrite(const cls_WriteVisitor& writer) const;
+    /// Where a script was; kept as given.
     virtual void SetTraceback(cow_String traceback);
     virtual cow_String GetTraceback() const;
 

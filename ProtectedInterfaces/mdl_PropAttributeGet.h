@@ -19,6 +19,7 @@ class OXU_EXPORT mdl_PropAttributeGet
 public:
     mdl_PropAttributeGet() = delete;
 
+    /// `restricted` is that of mdl_PropAttr::SetStatus, noneAllowed tells whether None may be given.
     static bool Get(omu_Arguments& arguments, mdl_PropAttr<T>& attribute, const char* keyword,
                     bool restricted, bool noneAllowed);
 };

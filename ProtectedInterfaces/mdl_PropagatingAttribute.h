@@ -186,6 +186,7 @@ struct mdl_PropAttrTraits<cls_xp1DArrayListFloat>
     static constexpr unsigned INDEX = 22;
 };
 
+/// The instances, each under the name that is registered.
 using mdl_PropInt = mdl_PropAttr<int>;
 using mdl_PropBool = mdl_PropAttr<bool>;
 using mdl_PropDouble = mdl_PropAttr<double>;

@@ -6,6 +6,7 @@
 #include <cls_ClassRegistrar.h>
 #include <cls_ReadVisitor.h>
 #include <cls_TypeAdapter.h>
+#include <cls_TypeId.h>
 #include <cls_WriteVisitor.h>
 #include <omu_xoObjVarray.h>
 

@@ -6,6 +6,7 @@
 #include <annC_Arrow.h>
 #include <benchmark/benchmark.h>
 #include <list>
+#include <memory>
 #include <random>
 #include <string>
 #include <unordered_map>
@@ -41,11 +42,31 @@ annC_AnnotationContainer Filled(const Sample& sample)
     return container;
 }
 
+/// What the annotations cost by themselves.
+void MakeAll(benchmark::State& state)
+{
+    for (auto _ : state)
+    {
+        std::vector<std::unique_ptr<annC_Arrow>> arrows(COUNT);
+        for (auto& arrow : arrows)
+            arrow = std::make_unique<annC_Arrow>();
+        state.PauseTiming();
+        arrows.clear();
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(state.iterations() * COUNT);
+}
+
 void InsertAll(benchmark::State& state)
 {
     const Sample sample;
     for (auto _ : state)
-        benchmark::DoNotOptimize(Filled(sample).Size());
+    {
+        annC_AnnotationContainer container = Filled(sample);
+        state.PauseTiming();
+        container.Clear();
+        state.ResumeTiming();
+    }
     state.SetItemsProcessed(state.iterations() * COUNT);
 }
 
@@ -83,7 +104,8 @@ void Move(benchmark::State& state)
     });
 }
 
-void Rename(benchmark::State& state)
+/// There and back.
+void RenameTwice(benchmark::State& state)
 {
     Each(state, [](auto& container, auto& sample) {
         const cow_String& name = sample.Next();
@@ -110,12 +132,13 @@ void StandardListIndexOf(benchmark::State& state)
         benchmark::DoNotOptimize(std::distance(list.begin(), index.find(sample.Next())->second));
 }
 
+BENCHMARK(MakeAll)->Unit(benchmark::kMillisecond);
 BENCHMARK(InsertAll)->Unit(benchmark::kMillisecond);
 BENCHMARK(Find);
 BENCHMARK(IndexOf);
 BENCHMARK(AtIndex);
 BENCHMARK(Move);
-BENCHMARK(Rename);
+BENCHMARK(RenameTwice);
 BENCHMARK(PostDelta);
 BENCHMARK(StandardListIndexOf);
 }

@@ -1,5 +1,5 @@
 // Mementos in memory: a long list of doubles against copying its bytes into memory allocated just then, and
-// a container of many small objects.
+// containers of many small objects; both against Protocol Buffers, where they were found.
 
 #include <KTLOxuGeom.h>
 #include <annC_AnnotationContainer.h>
@@ -11,6 +11,10 @@
 #include <omu_PrimArray.h>
 #include <omu_PrimDictionary.h>
 #include <omu_PrimString.h>
+
+#ifdef ORVEX_HAVE_PROTOBUF
+#include <memento_records.pb.h>
+#endif
 
 #include <cstring>
 #include <memory>
@@ -134,6 +138,68 @@ void ObjectsFromMemento(benchmark::State& state)
     }
 }
 
+#ifdef ORVEX_HAVE_PROTOBUF
+void FillMessage(memento_records::Doubles& doubles, int count)
+{
+    for (int i = 0; i < count; ++i)
+        doubles.add_values(i * 0.1);
+}
+void FillMessage(memento_records::Texts& texts, int count)
+{
+    for (int i = 0; i < count; ++i)
+        (*texts.mutable_texts())["name-" + std::to_string(i)] = "name-" + std::to_string(i);
+}
+void FillMessage(memento_records::Annotations& annotations, int count)
+{
+    const std::string id(sizeof(cls_Uid::Bytes), 'i');
+    for (int i = 0; i < count; ++i)
+    {
+        memento_records::Annotation& annotation = *annotations.add_annotations();
+        annotation.set_name("name-" + std::to_string(i));
+        memento_records::Arrow& arrow = *annotation.mutable_arrow();
+        arrow.set_id(id);
+        arrow.set_start_x(0);
+        arrow.set_start_y(0);
+        arrow.set_end_x(0);
+        arrow.set_end_y(0);
+        for (memento_records::Anchor* anchor : {arrow.mutable_start_anchor(), arrow.mutable_end_anchor()})
+        {
+            anchor->set_id(id);
+            anchor->set_position(0);
+        }
+        arrow.set_start_head_style(0);
+        arrow.set_end_head_style(1);
+        arrow.set_start_gap(0);
+        arrow.set_end_gap(0);
+        arrow.set_color("White");
+        arrow.set_line_style(0);
+        arrow.set_line_thickness(0);
+    }
+}
+
+template <class M>
+void ToProtobuf(benchmark::State& state)
+{
+    M message;
+    FillMessage(message, static_cast<int>(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(message.SerializeAsString().data());
+}
+
+template <class M>
+void FromProtobuf(benchmark::State& state)
+{
+    M message;
+    FillMessage(message, static_cast<int>(state.range(0)));
+    const std::string bytes = message.SerializeAsString();
+    for (auto _ : state)
+    {
+        M read;
+        benchmark::DoNotOptimize(read.ParseFromString(bytes));
+    }
+}
+#endif
+
 using Texts = omu_PrimDictionary<cow_String>;
 using Annotations = annC_AnnotationContainer;
 
@@ -146,4 +212,12 @@ BENCHMARK(ObjectsToMemento<Texts>)->Arg(100'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ObjectsFromMemento<Texts>)->Arg(100'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ObjectsToMemento<Annotations>)->Arg(100'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ObjectsFromMemento<Annotations>)->Arg(100'000)->Unit(benchmark::kMillisecond);
+#ifdef ORVEX_HAVE_PROTOBUF
+BENCHMARK(ToProtobuf<memento_records::Doubles>) ORVEX_SIZES;
+BENCHMARK(FromProtobuf<memento_records::Doubles>) ORVEX_SIZES;
+BENCHMARK(ToProtobuf<memento_records::Texts>)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(FromProtobuf<memento_records::Texts>)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ToProtobuf<memento_records::Annotations>)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(FromProtobuf<memento_records::Annotations>)->Arg(100'000)->Unit(benchmark::kMillisecond);
+#endif
 }

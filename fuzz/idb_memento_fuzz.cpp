@@ -22,10 +22,23 @@ void Require(bool condition)
         std::abort();
 }
 
-void Try(std::span<const unsigned char> bytes)
+// What is refused is refused with a text.
+template <class F>
+void Answer(F read)
 {
     try
     {
+        read();
+    }
+    catch (const idb_MementoException& refused)
+    {
+        Require(!refused.UserReport().IsEmpty());
+    }
+}
+
+void Try(std::span<const unsigned char> bytes)
+{
+    Answer([bytes] {
         idb_MementoLimits limits;
         limits.budgetBase = 1u << 20;
         idb_MementoRead memento(bytes, limits);
@@ -33,21 +46,21 @@ void Try(std::span<const unsigned char> bytes)
         Require(summary.bytes == bytes.size() && summary.roots.size() <= bytes.size());
         for (const cow_String& name : memento.RootNames())
         {
-            const std::unique_ptr<cls_Persistent> object = memento.Root(name);
-            const auto* value = dynamic_cast<const omu_Primitive*>(object.get());
-            if (value == nullptr)
-                continue;
-            idb_MementoWrite again;
-            again.Add(name, value);
-            again.Finish();
-            idb_MementoRead back(again.Bytes());
-            Require(back.Root(name) != nullptr);
+            // Each by itself: one that is refused leaves the others.
+            std::unique_ptr<cls_Persistent> object;
+            Answer([&] { object = memento.Root(name); });
+            Answer([&] {
+                const auto* const value = dynamic_cast<const omu_Primitive*>(object.get());
+                if (value == nullptr)
+                    return;
+                idb_MementoWrite again;
+                again.Add(name, value);
+                again.Finish();
+                idb_MementoRead back(again.Bytes());
+                Require(back.Root(name) != nullptr);
+            });
         }
-    }
-    catch (const idb_MementoException& refused)
-    {
-        Require(!refused.UserReport().IsEmpty());
-    }
+    });
 }
 }
 

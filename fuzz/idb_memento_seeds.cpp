@@ -1,12 +1,18 @@
 // Writes the first inputs of idb_memento_fuzz into the folder named: small mementos of all kinds of objects.
 
 #include <KTLOxuGeom.h>
+#include <annC_AnnotationContainer.h>
+#include <annC_Arrow.h>
+#include <annC_Point3DAnchor.h>
+#include <annC_Text.h>
 #include <gsl_BBox.h>
 #include <gsl_LineArray.h>
 #include <gsl_ModelSegment.h>
 #include <gsl_PersistentMatrix.h>
 #include <gsl_Plane.h>
 #include <idb_MementoWrite.h>
+#include <mdl_JaggedArray.h>
+#include <mdl_PropertyTable.h>
 #include <omu_ArgNumberErrorException.h>
 #include <omu_PrimArray.h>
 #include <omu_PrimBool.h>
@@ -72,6 +78,12 @@ int main(int argc, char** argv)
     Seed("exceptions", omu_PrimException(omu_ArgNumberErrorException(1, 2, "s")));
     Seed("geometry", gsl_BBox(gsl_Point(1, 2, 3)), lines, gsl_PersistentMatrix(moved), gsl_ModelSegment(),
          gsl_Plane(gsl_Point(), gsl_Vector(0, 0, 1)));
+
+    annC_AnnotationContainer annotations;
+    annotations.Insert("arrow", annC_Arrow());
+    annotations.Insert("text", annC_Text());
+    Seed("annotations", annotations, annC_Point3DAnchor(1, 2, 3));
+    Seed("tables", mdl_PropertyTable(cow_List<cow_String>{"E", "nu"}), mdl_JaggedArray());
 
     // What no writer of ours writes.
     MementoMaker maker;

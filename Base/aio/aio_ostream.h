@@ -2,5 +2,5 @@
 
 #include <iosfwd>
 
-/// Stream for text output: std::ostream. Declared only; who writes to it includes <ostream>.
+/// Stream for text output: std::ostream. Declared only; who writes to it includes `<ostream>`.
 using aio_ostream = std::ostream;

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <limits.h>
 #include <stdlib.h>
 #include <string_view>
 #include <sys/stat.h>
@@ -12,13 +13,17 @@
 namespace
 {
 constexpr mode_t NEW_FILE_MODE = 0666;
+constexpr int MOST_LINKS = 40; // in a chain, as in the kernel
 
 class Descriptor
 {
 public:
     explicit Descriptor(int number) : number_(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
+    Descriptor& operator=(Descriptor&& other) noexcept
+    {
+        std::swap(number_, other.number_);
+        return *this;
+    }
     ~Descriptor() { static_cast<void>(Close()); }
 
     int Number() const { return number_; }
@@ -49,21 +54,35 @@ auto Again(F call)
     return result;
 }
 
-// Where the path leads to: the file itself, also behind a symbolic link; the path where there is no file yet.
-std::string Resolved(const std::string& path)
-{
-    char* const real = realpath(path.c_str(), nullptr);
-    if (real == nullptr)
-        return path;
-    std::string resolved = real;
-    free(real);
-    return resolved;
-}
-
 std::string FolderOf(const std::string& path)
 {
     const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? "." : path.substr(0, slash + 1);
+    return slash == std::string::npos ? "./" : path.substr(0, slash + 1);
+}
+
+// Where the path leads to: the file itself, also behind symbolic links and where it is not there yet.
+std::string Resolved(std::string path)
+{
+    for (int links = 0;; ++links)
+    {
+        if (char* const real = realpath(path.c_str(), nullptr); real != nullptr)
+        {
+            path = real;
+            free(real);
+            return path;
+        }
+        char target[PATH_MAX];
+        const ssize_t length = readlink(path.c_str(), target, sizeof target);
+        if (length < 0)
+            return path;
+        if (links == MOST_LINKS)
+        {
+            errno = ELOOP;
+            Refuse("follow the symbolic link");
+        }
+        const std::string_view there(target, static_cast<std::size_t>(length));
+        path = (there.starts_with('/') ? "" : FolderOf(path)).append(there);
+    }
 }
 
 // The umask can only be read by setting it, which other threads would notice; the kernel shows it too.
@@ -91,6 +110,12 @@ public:
     explicit Temporary(const std::string& target)
         : target_(target), name_(target + ".XXXXXX"), file_(mkostemp(name_.data(), O_CLOEXEC))
     {
+        // Beside a name that is as long as a name may be.
+        if (!file_.IsOpen() && errno == ENAMETOOLONG)
+        {
+            name_ = FolderOf(target) + ".XXXXXX";
+            file_ = Descriptor(mkostemp(name_.data(), O_CLOEXEC));
+        }
         if (!file_.IsOpen())
             Refuse("create a temporary file beside it");
     }

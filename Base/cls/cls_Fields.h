@@ -11,7 +11,7 @@ struct cls_Field
     const char* name;
     M T::*member;
 };
-// clang deduces an aggregate's arguments by itself from version 17 on.
+/// clang deduces an aggregate's arguments by itself from version 17 on.
 template <class T, class M>
 cls_Field(const char*, M T::*) -> cls_Field<T, M>;
 

@@ -15,6 +15,10 @@
 using cls_PrimSpan =
     std::variant<std::span<const bool>, std::span<const int>, std::span<const unsigned>,
                  std::span<const float>, std::span<const double>, std::span<const cow_String>>;
+/// A list of primitives whose body a writer may share.
+using cls_PrimList =
+    std::variant<const cow_List<bool>*, const cow_List<int>*, const cow_List<unsigned>*,
+                 const cow_List<float>*, const cow_List<double>*, const cow_List<cow_String>*>;
 /// The keys of a map.
 using cls_KeySpan = std::variant<std::span<const int>, std::span<const cow_String>>;
 

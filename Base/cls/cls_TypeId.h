@@ -9,6 +9,7 @@ constexpr unsigned cls_MakeTypeId(unsigned component, unsigned index)
     return (component << 16) | (index & 0xFFFFu);
 }
 
+/// The two halves of a type id.
 constexpr unsigned short cls_ComponentOf(unsigned typeId)
 {
     return static_cast<unsigned short>(typeId >> 16);

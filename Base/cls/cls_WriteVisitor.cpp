@@ -6,3 +6,9 @@ bool cls_WriteVisitor::AnnounceValue(unsigned typeId) const
 {
     return Announce(typeId, cls_Uid::Null());
 }
+
+void cls_WriteVisitor::PutSharedList(const cls_FieldHandle& field, const cls_PrimList& list,
+                                     int columns) const
+{
+    std::visit([&](const auto* values) { PutList(field, SpanOf(*values), columns); }, list);
+}

@@ -71,7 +71,7 @@ public:
     template <class T>
     void WriteList(const cls_FieldHandle& field, const cow_List<T>& values, int columns = 1) const
     {
-        PutList(field, SpanOf(values), columns);
+        PutSharedList(field, &values, columns);
     }
     template <class T>
     void WriteList(const cls_FieldHandle& field, const T* values, int count, int columns = 1) const
@@ -156,6 +156,8 @@ protected:
     /// One object: a value, a share or null.
     virtual void PutObject(const cls_FieldHandle& field, const cls_ObjectSource& object) const = 0;
     virtual void PutList(const cls_FieldHandle& field, const cls_PrimSpan& elements, int columns) const = 0;
+    /// The same for a list that may be shared, so that it stays as it is; else as PutList.
+    virtual void PutSharedList(const cls_FieldHandle& field, const cls_PrimList& list, int columns) const;
     virtual void PutObjectList(const cls_FieldHandle& field,
                                std::span<const cls_ObjectSource> objects) const = 0;
     /// Keys and values are of one length.

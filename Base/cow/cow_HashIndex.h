@@ -1,15 +1,11 @@
 #pragma once
 
 #include <bas_Export.h>
+#include <cow_HashTable.h>
 
 #include <cstddef>
-#include <cstdint>
-#include <vector>
 
-/// Finds the positions of entries in a list by hash: the index of cow_Map.
-///
-/// An open table with linear probing, at most half full, over a vector. It holds positions and 32 bits of
-/// hash, never the entries: the caller says which of the positions offered is the one sought.
+/// Finds the positions of entries in a list by hash: the index of cow_Map. A cow_HashTable of positions.
 class BAS_EXPORT cow_HashIndex
 {
 public:
@@ -26,29 +22,9 @@ public:
     template <class Matches>
     int Find(std::size_t hash, Matches matches) const
     {
-        if (slots_.empty())
-            return -1;
-        const std::uint32_t tag = Tag(hash);
-        for (std::size_t i = tag & mask_; slots_[i].position >= 0; i = (i + 1) & mask_)
-            if (slots_[i].tag == tag && matches(slots_[i].position))
-                return slots_[i].position;
-        return -1;
+        return table_.Find(hash, matches);
     }
 
 private:
-    struct Slot
-    {
-        std::uint32_t tag = 0;
-        std::int32_t position = -1; // below zero: free
-    };
-
-    // std::hash of an integer is the integer: stir it, so that the low bits differ.
-    static std::uint32_t Tag(std::size_t hash) noexcept
-    {
-        return static_cast<std::uint32_t>((hash * std::size_t{0x9E3779B97F4A7C15}) >> 32);
-    }
-    void Place(Slot slot) noexcept;
-
-    std::vector<Slot> slots_; // a power of two, or none
-    std::size_t mask_ = 0;
+    cow_HashTable<int, -1> table_;
 };

@@ -21,14 +21,18 @@ public:
     omi_Singleton(const omi_Singleton&) = delete;
     omi_Singleton& operator=(const omi_Singleton&) = delete;
 
+    /// The instance; made when there is none.
     static T& Instance()
     {
         return static_cast<T&>(*static_cast<omi_Singleton*>(Slot().Instance(&Make, &Kill)));
     }
+    /// Whether there is one now.
     static bool Exists() { return Slot().Current() != nullptr; }
     /// Frees the default, if one was made, and empties the slot; Instance() starts afresh. An instance that
     /// somebody else owns is left to its owner.
     static void Destroy() { Slot().Destroy(); }
+    /// Frees the default, if one was made; an instance that somebody else owns stays the instance.
+    static void DestroyDefault() { Slot().DestroyDefault(); }
 
 protected:
     omi_Singleton() { Slot().Install(this); }

@@ -93,6 +93,14 @@ void omi_SingletonSlot::Withdraw(void* object) noexcept
         instance_.store(nullptr, std::memory_order_release);
 }
 
+void omi_SingletonSlot::DestroyDefault()
+{
+    const std::lock_guard guard(Lock());
+    // Its destructor withdraws it, where it is the instance.
+    if (void* const dead = std::exchange(owned_, nullptr))
+        kill_(dead);
+}
+
 void omi_SingletonSlot::Destroy()
 {
     const std::lock_guard guard(Lock());

@@ -30,6 +30,8 @@ public:
     void Withdraw(void* object) noexcept;
     /// Leaves the slot empty and deletes what it owns.
     void Destroy();
+    /// Deletes what the slot owns; an instance that it does not own stays.
+    void DestroyDefault();
 
     void* Current() const noexcept { return instance_.load(std::memory_order_acquire); }
 

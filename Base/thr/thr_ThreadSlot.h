@@ -14,11 +14,13 @@ public:
     thr_ThreadSlot(const thr_ThreadSlot&) = delete;
     thr_ThreadSlot& operator=(const thr_ThreadSlot&) = delete;
 
+    /// The calling thread's instance; made when there is none.
     static T& Instance()
     {
         void* instance = thr_ThreadRegistry::Instance(typeid(T), &Make, &Kill);
         return static_cast<T&>(*static_cast<thr_ThreadSlot*>(instance));
     }
+    /// Whether the calling thread has one now.
     static bool Exists() { return thr_ThreadRegistry::Current(typeid(T)) != nullptr; }
     /// Frees the thread's default, if one was made, and empties its slot; Instance() starts afresh.
     static void Destroy() { thr_ThreadRegistry::Destroy(typeid(T)); }

@@ -9,7 +9,8 @@ class annC_Text;
 /// The hook of a front end that shows annotations: it says which colours there are, measures texts, and hears
 /// of edits that scripts make. A front end derives from it and constructs an object, which then is the
 /// instance until it is destroyed or another one is constructed; the front end owns it. Without one,
-/// Instance() makes a default client, which accepts every colour and measures nothing.
+/// Instance() makes a default client, which accepts every colour and measures nothing, and lives until the
+/// module stops.
 class OXU_EXPORT annC_AnnotationClient : public omi_Singleton<annC_AnnotationClient>
 {
 public:

@@ -3,8 +3,7 @@
 #include <annC_MapString2AnnotationCow.h>
 #include <cow_List.h>
 #include <mdl_Repository.h>
-
-class omu_PrimTuple;
+#include <omu_DeltaSource.h>
 
 /// The annotations of a model, by name, in the order in which they are stacked: the first lies in front.
 ///
@@ -49,7 +48,7 @@ public:
     annC_Annotation* Get(const cow_String& name);
     annC_Annotation* Get(unsigned index);
     const annC_Annotation* ConstGet(const cow_String& name) const { return m_map.ConstGet(name); }
-    const annC_Annotation* ConstGet(unsigned index) const;
+    const annC_Annotation* ConstGet(unsigned index) const { return m_map.ConstGetAt(index); }
     bool IsMember(const cow_String& name) const { return m_map.IsMember(name); }
     cow_List<cow_String> Keys() const { return m_map.Keys(); }
     /// The position from the front; -1 for an unknown name.
@@ -58,11 +57,14 @@ public:
     int GetId(const cow_String& name) const { return m_map.GetId(name); }
     /// The container's own identity, beside those of its parts as repository and extension.
     const cls_Uid& Uid() const { return uid_; }
+    /// Numbers what this container posts, so that a viewer knows whether it has heard of all its changes.
+    const omu_DeltaSource& Changes() const { return changes_; }
 
 private:
     bool Insert(const cow_String& name, const annC_AnnotationCow& annotation);
-    void PostMove(const cow_String& name) const;
+    void PostMove(const cow_String& name);
 
     annC_MapString2AnnotationCow m_map;
     cls_Uid uid_;
+    omu_DeltaSource changes_;
 };

@@ -19,6 +19,7 @@ enum class annC_RelativePositionEnm {
     TOP_RIGHT = 8
 };
 
+/// What an end of an arrow is drawn as.
 enum class annC_ArrowHeadStyleEnm {
     ARROW = 0,
     FILLED_ARROW = 1,
@@ -31,6 +32,7 @@ enum class annC_ArrowHeadStyleEnm {
     NONE = 8
 };
 
+/// How wide the line of an arrow is.
 enum class annC_LineThicknessEnm { VERY_THIN = 0, THIN = 1, MEDIUM = 2, THICK = 3 };
 
 /// The table offers DASHED before DOTTED, which has the lower value.
@@ -54,6 +56,3 @@ template <>
 OXU_EXPORT const omu_EnumEntry omu_PrimEnum<annC_BackgroundStyleEnm, 1>::table[];
 template <>
 OXU_EXPORT const omu_EnumEntry omu_PrimEnum<annC_JustificationEnm, 1>::table[];
-
-/// Gives every name above an id in the symbolic-constant table, where it has none.
-void annC_RegisterConstants();

@@ -8,6 +8,7 @@
 class OXU_EXPORT annC_ListPairStringAnnotation
 {
 public:
+    /// An entry, at an address that stays until it is removed.
     class Node : private annC_OrderLink
     {
     public:

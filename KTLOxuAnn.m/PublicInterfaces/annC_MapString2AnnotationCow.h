@@ -45,6 +45,7 @@ public:
     annC_Annotation* Get(const cow_String& name) { return IsMember(name) ? body_.Get().Get(name) : nullptr; }
     const annC_Annotation* ConstGet(int id) const { return body_->ConstGet(id); }
     const annC_Annotation* ConstGet(const cow_String& name) const { return body_->ConstGet(name); }
+    const annC_Annotation* ConstGetAt(unsigned index) const { return body_->ConstGetAt(index); }
     const cow_String* GetFirst() const { return body_->GetFirst(); }
     const cow_String* GetLast() const { return body_->GetLast(); }
     const cow_String* GetNext(const cow_String& name) const { return body_->GetNext(name); }

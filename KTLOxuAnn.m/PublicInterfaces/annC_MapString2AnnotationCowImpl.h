@@ -1,7 +1,8 @@
 #pragma once
 
 #include <annC_ListPairStringAnnotation.h>
-#include <cow_Btree.h>
+#include <cow_HashTable.h>
+#include <cow_List.h>
 
 class cls_ReadVisitor;
 class cls_WriteVisitor;
@@ -10,14 +11,15 @@ struct cls_FieldHandle;
 /// Annotations by name in the order in which they are stacked, the first in front. Every entry has an integer
 /// identifier besides its position, counted from 0 and never used again; it stays through moves and renaming.
 ///
-/// Names and identifiers are found in logarithmic time, positions too. A copy shares the annotations. Null,
-/// false, -1: there is no such entry, and nothing was done.
+/// Names and identifiers are found in constant time on the average, positions in logarithmic time. A copy
+/// shares the annotations. Null, false, -1: there is no such entry, and nothing was done.
 class OXU_EXPORT annC_MapString2AnnotationCowImpl
 {
 public:
     annC_MapString2AnnotationCowImpl() = default;
     annC_MapString2AnnotationCowImpl(const annC_MapString2AnnotationCowImpl& other);
-    /// Reads the entries in their order.
+    /// Reads the entries in their order; a name without an annotation, or with a second one, raises
+    /// nex_PrimException.
     annC_MapString2AnnotationCowImpl(const cls_ReadVisitor& reader, const cls_FieldHandle& field);
     annC_MapString2AnnotationCowImpl& operator=(const annC_MapString2AnnotationCowImpl&) = delete;
 
@@ -46,6 +48,7 @@ public:
     annC_Annotation* Get(const cow_String& name);
     const annC_Annotation* ConstGet(int id) const;
     const annC_Annotation* ConstGet(const cow_String& name) const;
+    const annC_Annotation* ConstGetAt(unsigned index) const;
     // The names; null when there is none.
     const cow_String* GetFirst() const { return NameOf(list_.GetFirst()); }
     const cow_String* GetLast() const { return NameOf(list_.GetLast()); }
@@ -63,10 +66,15 @@ private:
     static const cow_String* NameOf(const Node* node) { return node != nullptr ? &node->pair.name : nullptr; }
     static const annC_Annotation* Seen(const Node* node);
     static annC_Annotation* Taken(Node* node);
-    void Enter(Node* node);
+    /// Makes room in the indexes for so many entries, so that Enter cannot throw until then.
+    void Reserve(unsigned count);
+    /// Enters a node of the list into both indexes.
+    void Enter(Node* node) noexcept;
+    /// Deletes a node that is in both indexes.
+    void Drop(Node* node) noexcept;
 
     annC_ListPairStringAnnotation list_;
-    cow_Btree<cow_String, Node*> byName_;
-    cow_Btree<int, Node*> byId_;
+    cow_HashTable<Node*, nullptr> byName_;
+    cow_HashTable<Node*, nullptr> byId_;
     int nextId_ = 0;
 };

@@ -1,12 +1,13 @@
 #include <KTLOxuAnn.h>
 #include <annC_Anchor.h>
 #include <annC_Annotation.h>
+#include <annC_AnnotationClient.h>
 #include <annC_AnnotationContainer.h>
 #include <annC_ArchEntry.h>
 #include <annC_Arrow.h>
-#include <annC_Enumerations.h>
 #include <annC_NamedAnchor.h>
 #include <annC_Point3DAnchor.h>
+#include <annC_RegisterConstants.h>
 #include <annC_Text.h>
 #include <annC_ViewportAnchor.h>
 #include <oxu_Component.h>
@@ -38,5 +39,6 @@ void KTLOxuAnn_initialize(int& running)
 
 void KTLOxuAnn_finalize(int& running)
 {
-    static_cast<void>(called.Stop(running));
+    if (called.Stop(running))
+        annC_AnnotationClient::DestroyDefault();
 }

@@ -4,20 +4,11 @@
 #include <cls_ReadVisitor.h>
 #include <cls_TypeAdapter.h>
 #include <cls_WriteVisitor.h>
-#include <omu_ChangeHistory.h>
 
 namespace
 {
 constexpr cls_FieldHandle MAP{0, "m_map"};
 constexpr unsigned LAYOUT_RELEASE = 800;
-
-template <class... Items>
-void Post(const Items&... items)
-{
-    omu_PrimTuple delta;
-    (delta.Put(items), ...);
-    omu_ChangeHistory::Instance().addChange(delta);
-}
 }
 
 void annC_AnnotationContainer::InitializeMetadata(cls_ClassRegistrar& registrar)
@@ -75,7 +66,7 @@ bool annC_AnnotationContainer::Insert(const cow_String& name, const annC_Annotat
 {
     Remove(name);
     m_map.PushFront(name, annotation);
-    Post("Insert", name, 0);
+    changes_.PostInsert(name, 0);
     return true;
 }
 
@@ -83,7 +74,7 @@ bool annC_AnnotationContainer::Remove(const cow_String& name)
 {
     if (!m_map.Remove(name))
         return false;
-    Post("Remove", name);
+    changes_.PostRemove(name);
     return true;
 }
 
@@ -94,7 +85,7 @@ bool annC_AnnotationContainer::ChangeKey(const cow_String& from, const cow_Strin
     if (from != to)
         Remove(to);
     m_map.ChangeKey(from, to);
-    Post("Rename", from, to, IndexOf(to));
+    changes_.PostRename(from, to, IndexOf(to));
     return true;
 }
 
@@ -143,11 +134,12 @@ bool annC_AnnotationContainer::SendToBack(const cow_String& name)
 void annC_AnnotationContainer::Clear()
 {
     m_map.Clear();
+    changes_.Restart();
 }
 
 annC_Annotation* annC_AnnotationContainer::Get(const cow_String& name)
 {
-    Post("Modify", name);
+    changes_.PostModify(name);
     return m_map.Get(name);
 }
 
@@ -156,13 +148,8 @@ annC_Annotation* annC_AnnotationContainer::Get(unsigned index)
     return index < Size() ? Get(m_map.GetKey(index)) : nullptr;
 }
 
-const annC_Annotation* annC_AnnotationContainer::ConstGet(unsigned index) const
+void annC_AnnotationContainer::PostMove(const cow_String& name)
 {
-    return index < Size() ? ConstGet(m_map.GetKey(index)) : nullptr;
-}
-
-void annC_AnnotationContainer::PostMove(const cow_String& name) const
-{
-    Post("Remove", name);
-    Post("Insert", name, IndexOf(name));
+    changes_.PostRemove(name);
+    changes_.PostInsert(name, IndexOf(name));
 }

@@ -1,5 +1,4 @@
 #include <annC_Enumerations.h>
-#include <omu_SymbolicConstantTable.h>
 
 template <>
 const omu_EnumEntry omu_PrimEnum<annC_RelativePositionEnm, 1>::table[] = {
@@ -60,13 +59,3 @@ const omu_EnumEntry omu_PrimEnum<annC_JustificationEnm, 1>::table[] = {
     {"RIGHT", int(annC_JustificationEnm::RIGHT)},
     {nullptr, 0},
 };
-
-void annC_RegisterConstants()
-{
-    omu_SymbolicConstantTable& constants = omu_SymbolicConstantTable::Instance();
-    for (const omu_EnumEntry* table :
-         {omu_PrimEnum<annC_RelativePositionEnm, 1>::table, omu_PrimEnum<annC_ArrowHeadStyleEnm, 1>::table,
-          omu_PrimEnum<annC_LineThicknessEnm, 1>::table, omu_PrimEnum<annC_LineStyleEnm, 1>::table,
-          omu_PrimEnum<annC_BackgroundStyleEnm, 1>::table, omu_PrimEnum<annC_JustificationEnm, 1>::table})
-        constants.AddNames(table);
-}

@@ -2,17 +2,29 @@
 #include <cls_ReadVisitor.h>
 #include <cls_WriteVisitor.h>
 #include <cow_Map.h>
+#include <nex_PrimException.h>
 #include <nex_Raise.h>
+#include <nex_RaiseWith.h>
+#include <oxu_FormatMessage.h>
+
+namespace
+{
+constexpr const char* SOURCE = "KTLOxuAnn.m/src/annC_MapString2AnnotationCowImpl";
+constexpr const char* NOT_ONE = "no annotation, or more than one, is called %s";
+
+std::size_t HashOf(int id)
+{
+    return static_cast<std::size_t>(id);
+}
+}
 
 annC_MapString2AnnotationCowImpl::annC_MapString2AnnotationCowImpl(
     const annC_MapString2AnnotationCowImpl& other)
     : list_(other.list_), nextId_(other.nextId_)
 {
+    Reserve(Size());
     for (Node* node = list_.GetFirst(); node != nullptr; node = list_.GetNext(node))
-    {
-        byName_.Insert(node->pair.name, node);
-        byId_.Insert(node->id, node);
-    }
+        Enter(node);
 }
 
 annC_MapString2AnnotationCowImpl::annC_MapString2AnnotationCowImpl(const cls_ReadVisitor& reader,
@@ -21,14 +33,20 @@ annC_MapString2AnnotationCowImpl::annC_MapString2AnnotationCowImpl(const cls_Rea
     cow_List<cow_String> names;
     cow_List<annC_AnnotationCow> annotations;
     reader.ReadSharedMap(field, names, annotations);
+    Reserve(static_cast<unsigned>(names.Length()));
     for (int i = 0; i < names.Length(); ++i)
-        if (!annotations.Get(i).IsNull() && !IsMember(names.Get(i)))
-            Enter(list_.InsertBefore(nullptr, {names.Get(i), annotations.Get(i)}, nextId_++));
+    {
+        const cow_String& name = names.Get(i);
+        if (annotations.Get(i).IsNull() || IsMember(name))
+            nex_Raise(nex_PrimException(oxu_FormatMessage(NOT_ONE, name)), SOURCE, __LINE__);
+        Enter(list_.InsertBefore(nullptr, {name, annotations.Get(i)}, nextId_++));
+    }
 }
 
 void annC_MapString2AnnotationCowImpl::PushFront(const cow_String& name, const annC_AnnotationCow& annotation)
 {
     const annC_PairStringAnnotation pair{name, annotation};
+    Reserve(Size() + 1);
     static_cast<void>(Remove(name));
     Enter(list_.InsertAfter(nullptr, pair, nextId_++));
 }
@@ -42,14 +60,11 @@ bool annC_MapString2AnnotationCowImpl::ChangeKey(const cow_String& from, const c
         return true;
     // `to` may be the text in the node that goes, so that node goes last.
     Node* replaced = NodeOf(to);
-    byName_.Insert(to, node);
-    byName_.Remove(node->pair.name);
+    byName_.Remove(from.Hash(), node);
     node->pair.name = to;
+    byName_.Add(to.Hash(), node);
     if (replaced != nullptr)
-    {
-        byId_.Remove(replaced->id);
-        list_.Remove(replaced);
-    }
+        Drop(replaced);
     return true;
 }
 
@@ -78,9 +93,7 @@ bool annC_MapString2AnnotationCowImpl::Remove(const cow_String& name)
     Node* node = NodeOf(name);
     if (node == nullptr)
         return false;
-    byId_.Remove(node->id);
-    byName_.Remove(name);
-    list_.Remove(node);
+    Drop(node);
     return true;
 }
 
@@ -147,6 +160,11 @@ const annC_Annotation* annC_MapString2AnnotationCowImpl::ConstGet(const cow_Stri
     return Seen(NodeOf(name));
 }
 
+const annC_Annotation* annC_MapString2AnnotationCowImpl::ConstGetAt(unsigned index) const
+{
+    return Seen(list_.At(index));
+}
+
 const cow_String* annC_MapString2AnnotationCowImpl::GetNext(const cow_String& name) const
 {
     const Node* node = NodeOf(name);
@@ -171,14 +189,12 @@ void annC_MapString2AnnotationCowImpl::DBWrite(const cls_WriteVisitor& writer,
 
 annC_MapString2AnnotationCowImpl::Node* annC_MapString2AnnotationCowImpl::NodeOf(const cow_String& name) const
 {
-    Node* const* node = byName_.Find(name);
-    return node != nullptr ? *node : nullptr;
+    return byName_.Find(name.Hash(), [&name](const Node* node) { return node->pair.name == name; });
 }
 
 annC_MapString2AnnotationCowImpl::Node* annC_MapString2AnnotationCowImpl::NodeOf(int id) const
 {
-    Node* const* node = byId_.Find(id);
-    return node != nullptr ? *node : nullptr;
+    return byId_.Find(HashOf(id), [id](const Node* node) { return node->id == id; });
 }
 
 const annC_Annotation* annC_MapString2AnnotationCowImpl::Seen(const Node* node)
@@ -191,18 +207,21 @@ annC_Annotation* annC_MapString2AnnotationCowImpl::Taken(Node* node)
     return node != nullptr ? &node->pair.annotation.Get() : nullptr;
 }
 
-/// Enters a node of the list into both indexes; on an exception the node is gone.
-void annC_MapString2AnnotationCowImpl::Enter(Node* node)
+void annC_MapString2AnnotationCowImpl::Reserve(unsigned count)
 {
-    try
-    {
-        byName_.Insert(node->pair.name, node);
-        byId_.Insert(node->id, node);
-    }
-    catch (...)
-    {
-        byName_.Remove(node->pair.name);
-        list_.Remove(node);
-        throw;
-    }
+    byName_.Reserve(static_cast<int>(count));
+    byId_.Reserve(static_cast<int>(count));
+}
+
+void annC_MapString2AnnotationCowImpl::Enter(Node* node) noexcept
+{
+    byName_.Add(node->pair.name.Hash(), node);
+    byId_.Add(HashOf(node->id), node);
+}
+
+void annC_MapString2AnnotationCowImpl::Drop(Node* node) noexcept
+{
+    byName_.Remove(node->pair.name.Hash(), node);
+    byId_.Remove(HashOf(node->id), node);
+    list_.Remove(node);
 }

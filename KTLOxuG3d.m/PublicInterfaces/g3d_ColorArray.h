@@ -21,6 +21,7 @@ public:
     /// Back to the palette of the constructor.
     void Cleanup();
 
+    /// The entry at the index modulo the length.
     g3d_Color GetColor(unsigned int index) const { return colors_[index % LENGTH]; }
     void GetColor(unsigned int index, g3d_Color& color) const { color = GetColor(index); }
     void GetColor(unsigned int index, float& red, float& green, float& blue) const;

@@ -27,6 +27,7 @@ public:
     /// The colour of that name, user colours before default ones. A name that begins with "#" is read by
     /// g3d_Color::Set and never refused. Raises g3d_ColorErrorException for an unknown name.
     g3d_Color ConstGet(const cow_String& name) const;
+    /// Among the users' or the default ones; "#RRGGBB" is no member.
     bool IsMember(const cow_String& name) const;
     bool IsUserColor(const cow_String& name) const;
     bool IsDefaultColor(const cow_String& name) const;

@@ -5,9 +5,9 @@
 /// A colour as hue (the colour circle from red over green and blue, 0 to 1), saturation and value.
 struct g3d_HSV
 {
-    float h;
-    float s;
-    float v;
+    float h; ///< hue
+    float s; ///< saturation
+    float v; ///< value
 };
 
 /// Hue, saturation and value of a colour given by its channels; a grey has hue 0. Ties between the largest

@@ -48,6 +48,7 @@ public:
     }
     /// Widens the box to hold the other; an empty one changes nothing.
     void Add(const gsl_BBox& box);
+    /// Becomes the empty box.
     void Vacate();
     /// Becomes the box of the eight transformed corners.
     void Transform(const gsl_Matrix& matrix);

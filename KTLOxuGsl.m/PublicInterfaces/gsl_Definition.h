@@ -39,6 +39,7 @@ struct gsl_Definition
 
     /// Takes over place and direction, normalised.
     void Place(const gsl_Point& place, const gsl_Vector& way);
+    /// What the SetParents of planes and lines do.
     void SetParents(Method definedBy, const cow_List<int>& ids, bool reversed);
     void Invalidate() noexcept;
     /// Places it anew by that look-up of gsl_ModelAccess. Without a hook, or when it refuses: false, not ok.

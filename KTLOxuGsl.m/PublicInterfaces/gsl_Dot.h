@@ -32,6 +32,7 @@ public:
     gsl_Dot& operator=(const gsl_Dot&) = default;
     ~gsl_Dot() override = default;
 
+    /// Place and origin at once; the instance and the entity are the model's.
     void SetValues(const gsl_Point& point, gsl_DotMethod method, int instanceId, int entityId);
     /// Parameters of the method, as gsl_ModelAccess understands them: the place along an edge, distances on a
     /// face.

@@ -20,6 +20,7 @@ public:
     gsl_Matrix() = default;
 
     void FillIdentity() { *this = gsl_Matrix(); }
+    /// Rows and columns count from 0.
     void Set(int row, int column, double value);
     void SetRow(int row, const double values[4]);
     void SetColumn(int column, const double values[4]);
@@ -27,6 +28,7 @@ public:
     [[nodiscard]] bool From2DArray(const cow_2DArray<double>& array);
     /// 16 values, row by row.
     void FromArray(const double values[16]);
+    /// Column 3; the rest stays.
     void SetTranslation(const gsl_Vector& translation);
     /// Columns 0 to 2, as given: neither normalised nor made orthogonal.
     void SetRotationVectors(const gsl_Vector& x, const gsl_Vector& y, const gsl_Vector& z);

@@ -41,7 +41,9 @@ public:
     /// Says from which model entities the plane was built and whether its normal is the reverse of theirs;
     /// moves nothing. A plane without a normal stays PLANE_INVALID.
     void SetParents(gsl_DirMethod method, const cow_List<int>& parentIds, bool flip = false);
+    /// The feature that owns the plane; 0 for none.
     void SetOwnerFeatID(int featureId) noexcept { definition_.ownerFeatId = featureId; }
+    /// A point of the plane that stands for it in pictures and distances.
     void SetCentroid(const gsl_Point& centroid);
     /// Forgets the centroid: it is PointOn() again.
     void ResetCentroid() noexcept { hasCentroid_ = false; }

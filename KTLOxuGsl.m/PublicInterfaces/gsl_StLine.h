@@ -47,6 +47,7 @@ public:
     /// Says from which model entities the line was built and whether its direction is the reverse of theirs;
     /// moves nothing. A line without a direction stays STLINE_INVALID.
     void SetParents(gsl_LineMethod method, const cow_List<int>& parentIds, bool flip = false);
+    /// The feature that owns the line; 0 for none.
     void SetOwnerFeatID(int featureId) noexcept { definition_.ownerFeatId = featureId; }
     /// Reverses the direction and notes that it is the reverse of the defining entity's (or no longer is).
     void FlipDirection();
@@ -59,6 +60,7 @@ public:
     /// Unit, zero when there is none.
     const gsl_Vector& Direction() const noexcept { return definition_.direction.Vector(); }
     const gsl_Point& PointOn() const noexcept { return definition_.point; }
+    /// PointOn() moved along the unit direction; negative distances lie behind it.
     gsl_Point PointAtDistance(double distance) const { return definition_.point + Direction() * distance; }
     gsl_LineMethod Method() const noexcept { return definition_.method; }
     /// The direction is the reverse of the defining entity's.

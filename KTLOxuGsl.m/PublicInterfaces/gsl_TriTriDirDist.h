@@ -123,10 +123,12 @@ public:
                          double& s2) const;
     /// An extent that holds nothing: low the largest double, high the lowest.
     void InitExtent(double low[3], double high[3]) const noexcept;
+    /// Widens the extent to hold p.
     void UpdateExtent(const gsl_Point& p, double low[3], double high[3]) const noexcept;
     /// Inclusive within the tolerance.
     bool Overlaps(const double* lowA, const double* highA, const double* lowB,
                   const double* highB) const noexcept;
+    /// The same for a point.
     bool Contains(const double* low, const double* high, const gsl_Point& p) const noexcept;
     /// As set for the pair of triangles that FindDirDistUsingTriangles looked at last.
     bool IsMovableEdgeOn() const noexcept { return movableEdgeOn_; }

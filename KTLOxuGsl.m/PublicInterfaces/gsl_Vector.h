@@ -64,6 +64,7 @@ public:
     double operator[](int index) const;
     void ToCoordinates(double* xyz) const;
 
+    /// The length; computed by the first question.
     double Magnitude() const
     {
         if (magnitude_ < 0.0)

@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <cstdlib>
+#include <cstdio>
 #include <gsl_BBox.h>
 #include <gsl_DirDistWork.h>
 #include <gsl_Extent.h>
@@ -12,16 +12,16 @@
 #include <gsl_Util.h>
 #include <gsl_ViewFrame.h>
 #include <limits>
+#include <omu_EnvSwitches.h>
 #include <vector>
 
 namespace
 {
-constexpr const char* DEBUG_SWITCH = "VDM_TRITRIDIRDIST_DEBUG";
 constexpr const char* DEBUG_FILE = "TriTriDirDist.dat";
 
 FILE* OpenDebugFile()
 {
-    return std::getenv(DEBUG_SWITCH) != nullptr ? std::fopen(DEBUG_FILE, "w") : nullptr;
+    return omu_EnvSwitches::TraceDirectionalDistance() ? std::fopen(DEBUG_FILE, "w") : nullptr;
 }
 
 // What a pair of triangles may cost the nested search, in the clock's units.

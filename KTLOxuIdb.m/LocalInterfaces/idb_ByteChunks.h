@@ -3,6 +3,8 @@
 #include <bio_Ofilter.h>
 
 #include <cstddef>
+#include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -11,20 +13,40 @@
 class idb_ByteChunks
 {
 public:
-    /// Takes the bytes over and clears the stream.
-    void Append(bio_Ofilter& from);
+    /// A run of bytes that belongs to others, and what keeps it as it is.
+    struct Lent
+    {
+        std::size_t at; ///< in the stream that it is a part of, whose own bytes alone count
+        std::span<const unsigned char> bytes;
+        std::shared_ptr<const void> keep;
+    };
+
     void Append(std::span<const unsigned char> bytes);
+    /// Takes over the stream's bytes, with the runs that stand between them, in order; clears both.
+    void Append(bio_Ofilter& from, std::vector<Lent>& runs);
 
     std::size_t Length() const { return length_; }
     /// All pieces in order.
     std::vector<std::span<const unsigned char>> Pieces() const;
-    /// Gives all bytes away as one block between `front` and `back`, and ends empty. Where one piece makes
-    /// out most of it, the others are put around it in its own memory.
-    std::vector<unsigned char> Take(std::span<const unsigned char> front,
-                                    std::span<const unsigned char> back);
+    /// The CRC-32C of all, `before` being that of what goes before.
+    std::uint32_t Checksum(std::uint32_t before) const;
+    /// Puts all behind what `to` holds, which has the room, and ends empty. The checksum, in the same pass.
+    std::uint32_t MoveTo(std::vector<unsigned char>& to, std::uint32_t before);
 
 private:
-    std::vector<std::vector<unsigned char>> chunks_;
+    struct Chunk
+    {
+        std::span<const unsigned char> Bytes() const
+        {
+            return keep != nullptr ? lent : std::span<const unsigned char>(own);
+        }
+
+        std::vector<unsigned char> own = {};
+        std::span<const unsigned char> lent = {};
+        std::shared_ptr<const void> keep = nullptr;
+    };
+
+    std::vector<Chunk> chunks_;
     std::size_t length_ = 0;
     bool lastIsOpen_ = false;
 };

@@ -63,7 +63,7 @@ inline constexpr const char* BAD_TYPE =
     "idb_MementoRead: object %d (%s): attribute %s has type %d, expected %d";
 inline constexpr const char* BAD_COLLECTION =
     "idb_MementoRead: object %d (%s): attribute %s has collection type %d, expected %d";
-inline constexpr const char* KEY_TWICE = "idb_MementoRead: object %d (%s): attribute %s has the key %s twice";
+inline constexpr const char* KEY_TWICE = "idb_MementoRead: key %s stands twice in the map at byte %d";
 inline constexpr const char* NULL_VALUE = "idb_MementoRead: a null reference where a %s is held by value";
 inline constexpr const char* CYCLIC = "idb_MementoRead: object %d is part of a cyclic reference";
 inline constexpr const char* WRONG_CLASS = "idb_MementoRead: object %d is a %s, expected a %s";
@@ -85,6 +85,7 @@ inline constexpr const char* WRITTEN_COLLECTION =
 inline constexpr const char* WRITE_CYCLIC = "idb_MementoWrite: a %s is part of a cyclic reference";
 inline constexpr const char* NAME_WITH_ZERO = "idb_MementoWrite: the name %s holds a zero byte";
 inline constexpr const char* WRITE_NAME_TWICE = "idb_MementoWrite: name %s is given twice";
+inline constexpr const char* WRITE_KEY_TWICE = "idb_MementoWrite: key %s is given twice";
 inline constexpr const char* NO_OBJECT =
     "idb_MementoWrite: %s is no object, and a memento holds named objects";
 inline constexpr const char* FINISHED = "idb_MementoWrite: the memento is finished";

@@ -42,29 +42,37 @@ public:
     std::uint32_t Number() const { return number_; }
     /// The class of the object.
     const idb_StoredClass& Class() const { return stored_->ClassOf(number_); }
-    /// Parts from base (0) to the object's own class.
-    int PartCount() const { return static_cast<int>(parts_.size()); }
-    const idb_StoredPart& Part(int index) const { return parts_[static_cast<std::size_t>(index)]; }
+    /// What the object's own class (0) has stored, or its parent (1) and so on; null where that is nothing.
+    const idb_StoredPart* Part(std::size_t level) const
+    {
+        return level < levels_.size() && levels_[level] >= 0
+                   ? &parts_[static_cast<std::size_t>(levels_[level])]
+                   : nullptr;
+    }
+    /// How many levels there are down to the last part.
+    std::size_t Levels() const { return levels_.size(); }
     const idb_StoredClass& ClassOf(const idb_StoredPart& part) const
     {
         return stored_->Classes()[part.classIndex];
     }
     /// The attribute of that name, or null.
     const idb_PartAttribute* Find(const idb_StoredPart& part, const cls_FieldHandle& field) const;
-    /// The reader of a part; an index below 0 gives the one that has nothing.
-    const idb_PartReader& Reader(int index);
+    /// The reader of a level; those from Levels() on have nothing.
+    const idb_PartReader& Reader(std::size_t level);
 
 private:
     void OpenPart(bio_Ifilter& in);
+    void FindLevels();
 
     idb_MementoRead& memento_;
     const idb_StoredMemento* stored_ = nullptr;
     std::uint32_t number_ = 0;
-    std::vector<idb_StoredPart> parts_;
+    std::vector<idb_StoredPart> parts_; // base first
+    std::vector<int> levels_;           // by level, the place in parts_ or -1
     std::vector<idb_PartAttribute> attributes_;
     std::vector<std::uint64_t> seen_; // by attribute index, the last part that had it
     std::uint64_t partsSeen_ = 0;
     std::vector<std::uint32_t> bases_;   // by class index, 1 more than the index of the base found good last
-    std::deque<idb_PartReader> readers_; // of parts -1, 0, 1, ...
+    std::deque<idb_PartReader> readers_; // by level
     std::vector<const idb_PartReader*> readerPlaces_;
 };

@@ -9,12 +9,15 @@
 class idb_MementoRead;
 class idb_ObjectFrame;
 struct idb_PartAttribute;
+struct idb_StoredPart;
 
-/// The reader of one part of the object in a frame. Its collections come from the memento's factories.
+/// The reader of what one class of the object in a frame has stored: the object's own class, its parent, and
+/// so on. Where that is nothing, every attribute is absent. Its collections come from the memento's
+/// factories.
 class idb_PartReader final : public cls_ReadVisitor
 {
 public:
-    idb_PartReader(idb_ObjectFrame& frame, int part) : frame_(frame), part_(part) {}
+    idb_PartReader(idb_ObjectFrame& frame, std::size_t level) : frame_(frame), level_(level) {}
 
     unsigned TypeId() const override;
     unsigned Version() const override;
@@ -40,7 +43,8 @@ protected:
                       cls_ObjectSink& sink) const override;
 
 private:
-    bool IsNothing() const;
+    /// Null where nothing is stored.
+    const idb_StoredPart* Part() const;
     /// The attribute, checked for its type, or null.
     const idb_PartAttribute* Find(const cls_FieldHandle& field, cls_AttributeType type) const;
     /// The attribute as the memento's current collection; null where it is absent.
@@ -55,10 +59,8 @@ private:
     void RequireSingle(const idb_PartAttribute& attribute, const cls_FieldHandle& field) const;
     [[noreturn]] void RefuseCollection(const cls_FieldHandle& field, unsigned recorded,
                                        cls_CollectionType asked) const;
-    template <class K>
-    void RequireDistinct(const cow_List<K>& keys, const cls_FieldHandle& field) const;
     static void RequireEnd(const bio_Ifilter& in);
 
     idb_ObjectFrame& frame_;
-    int part_;
+    std::size_t level_;
 };

@@ -41,6 +41,7 @@ public:
 protected:
     void PutObject(const cls_FieldHandle& field, const cls_ObjectSource& object) const override;
     void PutList(const cls_FieldHandle& field, const cls_PrimSpan& elements, int columns) const override;
+    void PutSharedList(const cls_FieldHandle& field, const cls_PrimList& list, int columns) const override;
     void PutObjectList(const cls_FieldHandle& field,
                        std::span<const cls_ObjectSource> objects) const override;
     void PutMap(const cls_FieldHandle& field, const cls_KeySpan& keys,
@@ -74,6 +75,9 @@ private:
     mutable cls_Uid uid_ = cls_Uid::Null();
     mutable std::size_t lengthAt_ = 0;
     mutable std::size_t attributeLengthAt_ = 0;
+    // Of the body, where part and attribute begin that the lengths are of.
+    mutable std::size_t begin_ = 0;
+    mutable std::size_t attributeBegin_ = 0;
     mutable std::vector<std::size_t> written_; // attributes, by place
     mutable bool inOrder_ = true;              // each behind the one before it
 };

@@ -5,6 +5,7 @@
 #include <cls_CollectionType.h>
 #include <cow_List.h>
 #include <cow_String.h>
+#include <idb_Budget.h>
 #include <idb_MementoFormat.h>
 #include <idb_MementoLimits.h>
 
@@ -89,6 +90,8 @@ public:
     const std::vector<idb_StoredRoot>& Roots() const { return roots_; }
     /// Null where there is no object of that name.
     const idb_StoredRoot* FindRoot(const cow_String& name) const;
+    /// What its tables have left of what reading the memento may allocate.
+    idb_Budget& Budget() { return budget_; }
     /// What is odd and does no harm, a sentence each.
     const cow_List<cow_String>& Warnings() const { return warnings_; }
 
@@ -99,10 +102,11 @@ private:
     void ReadObjects(bio_Ifilter in);
     void ReadRoots(bio_Ifilter in);
     void ReadEnd(bio_Ifilter in, std::uint64_t at);
-    cow_String ReadText(bio_Ifilter& in) const;
+    cow_String ReadText(bio_Ifilter& in);
 
     std::span<const unsigned char> bytes_;
     idb_MementoLimits limits_;
+    idb_Budget budget_;
     std::uint16_t major_ = 0;
     std::uint16_t minor_ = 0;
     std::size_t next_ = 0; // of the known sections, the one to come

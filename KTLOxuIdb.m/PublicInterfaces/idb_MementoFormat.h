@@ -8,7 +8,9 @@
 /// The layout of a memento as far as writer and reader must agree on numbers. docs/memento.md describes it.
 namespace idb_MementoFormat
 {
+/// How a memento begins; its line end and 1a catch damage by text modes.
 inline constexpr std::array<unsigned char, 8> MAGIC = {0x4F, 0x58, 0x4D, 0x45, 0x4D, 0x0D, 0x0A, 0x1A};
+/// The format that is written: a higher major one is refused, a higher minor one read.
 inline constexpr std::uint16_t MAJOR = 1;
 inline constexpr std::uint16_t MINOR = 0;
 
@@ -21,6 +23,7 @@ inline constexpr std::size_t CHECKSUM_BYTES = 4;
 inline constexpr std::size_t TOTAL_LENGTH_AT = 16;
 inline constexpr std::size_t SECTION_LENGTH_AT = 8;
 
+/// The tags of the sections, in their order.
 inline constexpr std::size_t TAG_BYTES = 4;
 inline constexpr char CLASSES[] = "CLAS";
 inline constexpr char OBJECTS[] = "OBJS";

@@ -75,7 +75,7 @@ public:
 
     /// The reader that the memento prepared for the attribute now being read. Null where the recorded code is
     /// not one that the factory accepts, which is said on standard error, and where there is no attribute,
-    /// which is not. T tells the element type alone.
+    /// which is not. Asked again it makes another one, over the same bytes. T tells the element type alone.
     template <idb_ListElement T>
     std::unique_ptr<idb_ReadListPrim<T>> MakeReadListPrim(const T&);
     template <idb_MapElement T>

@@ -12,12 +12,14 @@ class idb_MementoRead;
 /// What a memento holds, told without building an object: for people who want to know what a file is.
 struct OXU_EXPORT idb_MementoSummary
 {
+    /// A part of the file.
     struct Section
     {
         cow_String tag;
         std::uint64_t offset; ///< of its first byte
         std::uint64_t bytes;  ///< of its payload
     };
+    /// A class of its objects, or the parent of one.
     struct Class
     {
         cow_String name;
@@ -29,6 +31,7 @@ struct OXU_EXPORT idb_MementoSummary
         std::uint64_t bytes;   ///< of their bodies
         bool isKnown;          ///< registered under this id and name
     };
+    /// An object that has a name.
     struct Root
     {
         cow_String name;

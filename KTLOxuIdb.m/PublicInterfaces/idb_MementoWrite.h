@@ -107,9 +107,12 @@ private:
 
     /// The number of the object, which is written where it was not before.
     std::uint32_t Write(const cls_ObjectSource& source);
+    std::uint32_t WriteOnce(const cls_ObjectSource& source);
     /// The index of the class and its record; the class and its parents are added where they are new.
     std::uint32_t ClassIndex(unsigned typeId, const cls_ClassMetadata*& record);
     void RequireText(const cow_String& text) const;
+    /// Refuses an object of so many parts where they are too many.
+    void RequireParts(std::size_t count) const;
     /// Names go through the visitor as zero-ended texts.
     void RequireName(const cow_String& name) const;
     void Assemble();

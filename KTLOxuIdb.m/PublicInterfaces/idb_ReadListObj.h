@@ -45,7 +45,7 @@ protected:
     int Cursor() const { return cursor_; }
 
 private:
-    void Release();
+    void Release() noexcept;
 
     idb_MementoRead& memento_;
     std::vector<std::uint32_t> numbers_;

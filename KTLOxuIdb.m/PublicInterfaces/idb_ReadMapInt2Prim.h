@@ -10,7 +10,7 @@ class idb_ReadMapInt2Prim : public idb_ReadMapPrim<int, T>
 public:
     using idb_ReadMapPrim<int, T>::idb_ReadMapPrim;
 
-    /// The pairs in stored order; of a key that stands twice the last value.
+    /// The pairs in stored order.
     M Map() const
     {
         M map;

@@ -18,7 +18,7 @@ public:
 
     /// The key at the cursor; nex_RangeException where there is none.
     const K& Key() const { return keys_.Get(Cursor()); }
-    /// All keys in stored order, as they stand there: a key may stand twice.
+    /// All keys in stored order.
     const cow_List<K>& Keys() const { return keys_; }
 
 private:

@@ -10,7 +10,7 @@ class idb_ReadMapString2Prim : public idb_ReadMapPrim<cow_String, T>
 public:
     using idb_ReadMapPrim<cow_String, T>::idb_ReadMapPrim;
 
-    /// The pairs in stored order; of a key that stands twice the last value.
+    /// The pairs in stored order.
     M Map() const
     {
         M map;

@@ -3,6 +3,7 @@
 #include <cow_List.h>
 #include <idb_CollectionWriter.h>
 #include <idb_ElementTraits.h>
+#include <idb_MapKeys.h>
 
 /// A map of primitive values or object numbers, whatever its key, stored as idb_ReadMapPrim reads it: the
 /// base of the map writers, whose destructors emit the record.
@@ -12,7 +13,8 @@ class idb_WriteMapPrim : public idb_CollectionWriter
 public:
     using idb_CollectionWriter::idb_CollectionWriter;
 
-    /// Adds a pair behind the others. The keys of a map differ: a reader refuses a key that stands twice.
+    /// Adds a pair behind the others. The keys of a map differ: one that is given twice raises
+    /// idb_MementoException when the record is emitted.
     void Write(const K& key, const T& value)
     {
         keys_.Append(key);
@@ -22,6 +24,7 @@ public:
 private:
     void Emit(bio_Ofilter& out) const final
     {
+        idb_MapKeys::RequireDistinctWritten(keys_);
         out.Write(keys_.Length());
         for (int i = 0; i < keys_.Length(); ++i)
         {

@@ -1,3 +1,4 @@
+#include <bio_Crc32c.h>
 #include <idb_ByteChunks.h>
 
 #include <algorithm>
@@ -7,61 +8,74 @@ namespace
 // A run from this length on stays a block of its own; a block of short ones has this room.
 constexpr std::size_t LONG_RUN = 1u << 16;
 constexpr std::size_t BLOCK = 1u << 20;
-}
-
-void idb_ByteChunks::Append(bio_Ofilter& from)
-{
-    if (from.Bytes().size() >= LONG_RUN)
-    {
-        length_ += from.Bytes().size();
-        chunks_.push_back(from.Take());
-        lastIsOpen_ = false;
-        return;
-    }
-    Append(std::span(from.Bytes()));
-    from.Clear();
+// What is copied and summed at a time: it fits into the first cache.
+constexpr std::size_t PASS = 1u << 14;
 }
 
 void idb_ByteChunks::Append(std::span<const unsigned char> bytes)
 {
+    if (bytes.empty())
+        return;
     length_ += bytes.size();
-    if (!lastIsOpen_ || chunks_.back().capacity() - chunks_.back().size() < bytes.size())
+    if (!lastIsOpen_ || chunks_.back().own.capacity() - chunks_.back().own.size() < bytes.size())
     {
-        chunks_.emplace_back().reserve(length_ < BLOCK ? LONG_RUN : BLOCK);
+        chunks_.emplace_back().own.reserve(std::max(bytes.size(), length_ < BLOCK ? LONG_RUN : BLOCK));
         lastIsOpen_ = true;
     }
-    chunks_.back().insert(chunks_.back().end(), bytes.begin(), bytes.end());
+    chunks_.back().own.insert(chunks_.back().own.end(), bytes.begin(), bytes.end());
+}
+
+void idb_ByteChunks::Append(bio_Ofilter& from, std::vector<Lent>& runs)
+{
+    const std::span<const unsigned char> own(from.Bytes());
+    std::size_t next = 0;
+    for (Lent& run : runs)
+    {
+        Append(own.subspan(next, run.at - next));
+        next = run.at;
+        length_ += run.bytes.size();
+        chunks_.push_back({{}, run.bytes, std::move(run.keep)});
+        lastIsOpen_ = false;
+    }
+    runs.clear();
+    if (next == 0 && own.size() >= LONG_RUN)
+    {
+        length_ += own.size();
+        chunks_.push_back({from.Take()});
+        lastIsOpen_ = false;
+        return;
+    }
+    Append(own.subspan(next));
+    from.Clear();
 }
 
 std::vector<std::span<const unsigned char>> idb_ByteChunks::Pieces() const
 {
-    return {chunks_.begin(), chunks_.end()};
+    std::vector<std::span<const unsigned char>> pieces(chunks_.size());
+    std::transform(chunks_.begin(), chunks_.end(), pieces.begin(), [](const Chunk& c) { return c.Bytes(); });
+    return pieces;
 }
 
-std::vector<unsigned char> idb_ByteChunks::Take(std::span<const unsigned char> front,
-                                                std::span<const unsigned char> back)
+std::uint32_t idb_ByteChunks::Checksum(std::uint32_t before) const
 {
-    const auto longest = std::max_element(chunks_.begin(), chunks_.end(),
-                                          [](const auto& a, const auto& b) { return a.size() < b.size(); });
-    std::vector<unsigned char> all;
-    auto next = chunks_.begin();
-    if (longest != chunks_.end() && longest->size() > length_ / 2)
+    for (const Chunk& chunk : chunks_)
+        before = bio_Crc32c(chunk.Bytes(), before);
+    return before;
+}
+
+std::uint32_t idb_ByteChunks::MoveTo(std::vector<unsigned char>& to, std::uint32_t before)
+{
+    for (Chunk& chunk : chunks_)
     {
-        std::vector<unsigned char> before(front.begin(), front.end());
-        for (; next != longest; ++next)
-            before.insert(before.end(), next->begin(), next->end());
-        all = std::move(*next++);
-        all.reserve(front.size() + length_ + back.size());
-        all.insert(all.begin(), before.begin(), before.end());
+        for (std::span<const unsigned char> left = chunk.Bytes(); !left.empty();)
+        {
+            const std::span<const unsigned char> some = left.first(std::min(left.size(), PASS));
+            before = bio_Crc32c(some, before);
+            to.insert(to.end(), some.begin(), some.end());
+            left = left.subspan(some.size());
+        }
+        chunk = Chunk(); // so that not all is there twice
     }
-    else
-    {
-        all.reserve(front.size() + length_ + back.size());
-        all.insert(all.end(), front.begin(), front.end());
-    }
-    for (; next != chunks_.end(); ++next)
-        all.insert(all.end(), next->begin(), next->end());
-    all.insert(all.end(), back.begin(), back.end());
     *this = idb_ByteChunks();
-    return all;
+    return before;
 }

@@ -35,7 +35,9 @@ constexpr const char* WRONG_POINTER = "Error reading object ptr for %x does not 
 constexpr std::uint64_t OBJECT_COST = 256;
 constexpr std::uint64_t REFERENCE_COST = 24;
 constexpr std::size_t TEXT_COST = 40;
-constexpr std::size_t PAIR_COST = 48;
+constexpr std::size_t PAIR_COST = 64;
+// The table of an object's attributes, by byte of its body.
+constexpr std::uint64_t BODY_FACTOR = 5;
 
 const cls_ClassRegistrar& Registrar()
 {
@@ -85,6 +87,7 @@ struct Collection
 {
     cls_CollectionType recorded;
     bio_Ifilter payload;
+    bio_Ifilter rest = payload; // behind what the reader made last has read
 };
 }
 
@@ -99,10 +102,17 @@ struct idb_MementoRead::Body
         : limits(bounds),
           stored(looked, bounds),
           nothing(self),
-          states(stored.ObjectCount()),
-          texts(stored.AttributeCount()),
-          budget(limits.budgetFactor * stored.Bytes() + limits.budgetBase)
+          states(Affordable<State>(stored.ObjectCount())),
+          texts(Affordable<cow_String>(stored.AttributeCount()))
     {}
+
+    // So many, charged before they are made.
+    template <class T>
+    std::size_t Affordable(std::size_t count)
+    {
+        stored.Budget().Charge(count, sizeof(T));
+        return count;
+    }
 
     std::vector<unsigned char> bytes;
     idb_MementoLimits limits;
@@ -113,8 +123,6 @@ struct idb_MementoRead::Body
     std::vector<State> states;
     std::vector<cow_String> texts; // by attribute of a class
     std::vector<unsigned> fits; // by class index, the declared class that it was found to descend from last
-    std::uint64_t budget;
-    std::uint64_t charged = 0;
     std::optional<Collection> current;
 };
 
@@ -230,7 +238,8 @@ std::unique_ptr<cls_Persistent> idb_MementoRead::Create(std::uint32_t number)
                          idb_Fault::Hexadecimal(stored.typeId));
     if (body.depth == body.limits.depth)
         idb_Fault::Raise(SOURCE, __LINE__, place(), idb_Fault::READ_LIMIT, idb_Fault::DEPTH);
-    Charge(OBJECT_COST + object.length);
+    Charge(OBJECT_COST);
+    Charge(BODY_FACTOR * object.length);
     while (body.frames.size() <= body.depth)
         body.frames.emplace_back(*this);
     idb_ObjectFrame& frame = body.frames[body.depth];
@@ -239,7 +248,7 @@ std::unique_ptr<cls_Persistent> idb_MementoRead::Create(std::uint32_t number)
     try
     {
         frame.Open(body.stored, body.limits, number);
-        return adapter->Create(frame.Reader(frame.PartCount() - 1));
+        return adapter->Create(frame.Reader(0));
     }
     catch (idb_MementoException& fault)
     {
@@ -260,9 +269,7 @@ std::unique_ptr<cls_Persistent> idb_MementoRead::Create(std::uint32_t number)
 
 void idb_MementoRead::Charge(std::uint64_t bytes)
 {
-    if (bytes > body_->budget - body_->charged)
-        idb_Fault::Raise(SOURCE, __LINE__, {}, idb_Fault::READ_LIMIT, idb_Fault::BUDGET);
-    body_->charged += bytes;
+    body_->stored.Budget().Charge(bytes);
 }
 
 void idb_MementoRead::RequireText(const bio_Ifilter& in) const
@@ -282,14 +289,14 @@ cow_String& idb_MementoRead::LastText(std::size_t place)
 
 void idb_MementoRead::BeginCollection(cls_CollectionType recorded, const bio_Ifilter& payload)
 {
-    body_->current = Collection{recorded, payload};
+    body_->current.emplace(Collection{recorded, payload});
 }
 
 void idb_MementoRead::EndCollection()
 {
     if (!body_->current)
         return;
-    const bio_Ifilter in = body_->current->payload;
+    const bio_Ifilter in = body_->current->rest;
     body_->current.reset();
     if (in.Left() != 0)
         idb_Fault::Raise(SOURCE, __LINE__, {.byte = static_cast<std::int64_t>(in.Position())},
@@ -316,10 +323,11 @@ std::unique_ptr<R> idb_MementoRead::MakeCollection(std::initializer_list<cls_Col
     const std::uint64_t most = current.payload.Left() / bytesEach;
     const std::uint64_t elements = count > 0 ? std::min(static_cast<std::uint64_t>(count), most) : 0;
     Charge(current.payload.Left() + elements * costEach);
+    current.rest = current.payload;
     if constexpr (std::is_constructible_v<R, idb_MementoRead&, bio_Ifilter&>)
-        return std::make_unique<R>(*this, current.payload);
+        return std::make_unique<R>(*this, current.rest);
     else
-        return std::make_unique<R>(current.payload);
+        return std::make_unique<R>(current.rest);
 }
 
 template <class T>
@@ -449,7 +457,7 @@ unsigned idb_MementoRead::Version() const
 
 const cls_ReadVisitor& idb_MementoRead::BaseReader() const
 {
-    return body_->nothing.Reader(-1);
+    return body_->nothing.Reader(0);
 }
 
 bool idb_MementoRead::ReadBool(const cls_FieldHandle& field, bool&) const

@@ -66,6 +66,7 @@ struct idb_MementoWrite::Body
     std::unordered_set<cow_String> rootNames;
     std::unordered_map<const void*, std::uint32_t> numbers; // by body
     std::vector<std::shared_ptr<const void>> kept;
+    std::vector<std::uint32_t> heights; // by number, from 1
 
     std::deque<idb_WriteFrame> frames; // by depth
     std::size_t depth = 0;
@@ -135,6 +136,14 @@ std::uint32_t idb_MementoWrite::Write(const cls_ObjectSource& source)
 {
     if (source.IsNull())
         return 0;
+    const std::uint32_t number = WriteOnce(source);
+    if (body_->depth > 0)
+        body_->frames[body_->depth - 1].SetHeightAbove(body_->heights[number - 1]);
+    return number;
+}
+
+std::uint32_t idb_MementoWrite::WriteOnce(const cls_ObjectSource& source)
+{
     Body& body = *body_;
     std::uint32_t* number = nullptr;
     const cls_ClassRegistrar& registrar = cls_MetadataRegistrar::Instance().Registrar();
@@ -178,15 +187,19 @@ std::uint32_t idb_MementoWrite::Write(const cls_ObjectSource& source)
     if (frame.Stream().Failed())
         refuse(__LINE__, idb_Fault::INCOMPLETE);
     --body.depth;
+    // A reader may come to the object from its highest owner, and builds all below it at one time.
+    if (frame.Height() > body.limits.depth)
+        Body::RefuseLimit(idb_Fault::DEPTH);
+    body.heights.push_back(frame.Height());
 
     if (body.objectCount == body.limits.objects)
         Body::RefuseLimit(idb_Fault::OBJECTS);
     ++body.objectCount;
     unsigned char head[Format::OBJECT_HEAD_BYTES];
     bio_Store(bio_Store(bio_Store(head, body.objectCount), writer.ClassIndex()),
-              static_cast<std::uint64_t>(frame.Stream().Position()));
+              static_cast<std::uint64_t>(frame.Length()));
     body.objects.Append(std::span<const unsigned char>(head));
-    body.objects.Append(frame.Stream());
+    body.objects.Append(frame.Stream(), frame.Runs());
     if (body.objects.Length() > body.limits.bytes)
         Body::RefuseLimit(idb_Fault::TOTAL_BYTES);
     if (number != nullptr)
@@ -214,6 +227,9 @@ std::uint32_t idb_MementoWrite::ClassIndex(unsigned typeId, const cls_ClassMetad
         line.push_back(at);
     for (auto at = line.rbegin(); at != line.rend(); ++at)
     {
+        RequireText((*at)->Name());
+        for (const cls_Attribute& attribute : (*at)->Attributes())
+            RequireText(attribute.name);
         if ((*at)->Attributes().size() > body_->limits.attributes)
             Body::RefuseLimit(idb_Fault::ATTRIBUTES);
         body_->classPlaces.emplace((*at)->TypeId(), static_cast<std::uint32_t>(body_->classes.size()));
@@ -228,6 +244,12 @@ void idb_MementoWrite::RequireText(const cow_String& text) const
 {
     if (static_cast<std::uint64_t>(text.Length()) > body_->limits.text)
         Body::RefuseLimit(idb_Fault::TEXT_LENGTH);
+}
+
+void idb_MementoWrite::RequireParts(std::size_t count) const
+{
+    if (count > body_->limits.depth)
+        Body::RefuseLimit(idb_Fault::DEPTH);
 }
 
 void idb_MementoWrite::RequireName(const cow_String& name) const
@@ -266,7 +288,6 @@ void idb_MementoWrite::Assemble()
     }
 
     // The objects lie in pieces of their own, between `front` and `back`.
-    const std::vector<std::span<const unsigned char>> objects = body.objects.Pieces();
     constexpr std::size_t AROUND = Format::SECTION_HEAD_BYTES + Format::CHECKSUM_BYTES;
     constexpr std::size_t END_BYTES = sizeof(std::uint32_t) + sizeof(std::uint64_t);
     const std::uint64_t total = Format::HEADER_BYTES + 4 * AROUND + classes.Position() +
@@ -288,8 +309,14 @@ void idb_MementoWrite::Assemble()
     WriteSectionHead(front, Format::OBJECTS, sizeof(std::uint32_t) + body.objects.Length());
     front.Write(body.objectCount);
     std::uint32_t checksum = bio_Crc32c(std::span(front.Bytes()).subspan(begin));
-    for (const std::span<const unsigned char> piece : objects)
-        checksum = bio_Crc32c(piece, checksum);
+    if (body.toFile)
+        checksum = body.objects.Checksum(checksum);
+    else
+    {
+        body.bytes.reserve(total);
+        body.bytes.assign(front.Bytes().begin(), front.Bytes().end());
+        checksum = body.objects.MoveTo(body.bytes, checksum);
+    }
     bio_Ofilter back;
     back.Write(checksum);
     digest.Add(checksum);
@@ -301,11 +328,11 @@ void idb_MementoWrite::Assemble()
 
     if (!body.toFile)
     {
-        body.bytes = body.objects.Take(front.Bytes(), back.Bytes());
+        body.bytes.insert(body.bytes.end(), back.Bytes().begin(), back.Bytes().end());
         return;
     }
-    std::vector<std::span<const unsigned char>> pieces = {front.Bytes()};
-    pieces.insert(pieces.end(), objects.begin(), objects.end());
+    std::vector<std::span<const unsigned char>> pieces = body.objects.Pieces();
+    pieces.insert(pieces.begin(), std::span<const unsigned char>(front.Bytes()));
     pieces.emplace_back(back.Bytes());
     idb_WholeFile::Write(body.path, pieces);
 }
@@ -403,6 +430,8 @@ void idb_MementoWrite::PutObject(const cls_FieldHandle& field, const cls_ObjectS
         if (!body.rootNames.insert(name).second)
             idb_Fault::Raise(SOURCE, __LINE__, {}, idb_Fault::WRITE_NAME_TWICE, name);
         RequireText(name);
+        if (body.roots.size() == body.limits.objects)
+            Body::RefuseLimit(idb_Fault::OBJECTS);
         // Writing changes what lies behind the visitor.
         body.roots.push_back({name, const_cast<idb_MementoWrite*>(this)->Write(object)});
     });

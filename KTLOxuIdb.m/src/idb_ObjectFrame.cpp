@@ -49,6 +49,25 @@ void idb_ObjectFrame::Open(const idb_StoredMemento& stored, const idb_MementoLim
         idb_Fault::Raise(SOURCE, __LINE__, {static_cast<std::int64_t>(in.Position()), number, name},
                          idb_Fault::BAD_LAST_PART, Text(number), name,
                          parts_.empty() ? cow_String("none") : ClassOf(parts_.back()).name);
+    FindLevels();
+}
+
+// By class: an object that had nothing to store for one of its bases has no part there.
+void idb_ObjectFrame::FindLevels()
+{
+    auto part = static_cast<int>(parts_.size()) - 1;
+    levels_.assign(1, part);
+    const cls_ClassMetadata* record = Class().record;
+    while (--part >= 0)
+    {
+        const idb_StoredClass& stored = ClassOf(parts_[static_cast<std::size_t>(part)]);
+        // Every part is of a class above that of the next one, so it is reached.
+        for (; record->ParentTypeId() != stored.typeId;
+             record = cls_MetadataRegistrar::Instance().Registrar().Find(record->ParentTypeId()))
+            levels_.push_back(-1);
+        levels_.push_back(part);
+        record = stored.record;
+    }
 }
 
 void idb_ObjectFrame::OpenPart(bio_Ifilter& in)
@@ -122,10 +141,9 @@ const idb_PartAttribute* idb_ObjectFrame::Find(const idb_StoredPart& part, const
     return nullptr;
 }
 
-const idb_PartReader& idb_ObjectFrame::Reader(int index)
+const idb_PartReader& idb_ObjectFrame::Reader(std::size_t level)
 {
-    const auto place = static_cast<std::size_t>(std::ptrdiff_t{index} + 1);
-    while (readerPlaces_.size() <= place)
-        readerPlaces_.push_back(&readers_.emplace_back(*this, static_cast<int>(readers_.size()) - 1));
-    return *readerPlaces_[place];
+    while (readerPlaces_.size() <= level)
+        readerPlaces_.push_back(&readers_.emplace_back(*this, readers_.size()));
+    return *readerPlaces_[level];
 }

@@ -5,7 +5,6 @@
 #include <idb_PartReader.h>
 
 #include <cstring>
-#include <unordered_set>
 
 namespace
 {
@@ -13,40 +12,31 @@ constexpr const char* SOURCE = "KTLOxuIdb.m/src/idb_PartReader";
 using idb_Fault::Text;
 using Type = cls_AttributeType;
 using Code = cls_CollectionType;
-
-cow_String KeyText(const cow_String& key)
-{
-    return key;
-}
-cow_String KeyText(int key)
-{
-    return Text(key);
-}
 }
 
-bool idb_PartReader::IsNothing() const
+const idb_StoredPart* idb_PartReader::Part() const
 {
-    return part_ < 0;
+    return frame_.Part(level_);
 }
 
 unsigned idb_PartReader::TypeId() const
 {
-    return IsNothing() ? 0 : frame_.ClassOf(frame_.Part(part_)).typeId;
+    return Part() == nullptr ? 0 : frame_.ClassOf(*Part()).typeId;
 }
 
 unsigned idb_PartReader::Version() const
 {
-    return IsNothing() ? 0 : frame_.ClassOf(frame_.Part(part_)).version;
+    return Part() == nullptr ? 0 : frame_.ClassOf(*Part()).version;
 }
 
 cls_Uid idb_PartReader::Uid() const
 {
-    return IsNothing() ? cls_Uid::Null() : frame_.Part(part_).uid;
+    return Part() == nullptr ? cls_Uid::Null() : Part()->uid;
 }
 
 const cls_ReadVisitor& idb_PartReader::BaseReader() const
 {
-    return frame_.Reader(IsNothing() ? part_ : part_ - 1);
+    return level_ < frame_.Levels() ? frame_.Reader(level_ + 1) : *this;
 }
 
 bool idb_PartReader::ReadBool(const cls_FieldHandle& field, bool& value) const
@@ -139,7 +129,6 @@ bool idb_PartReader::GetMap(const cls_FieldHandle& field, const cls_KeySink& key
             {
                 const auto read = [&](const auto& reader) {
                     memento.EndCollection();
-                    RequireDistinct(reader->Keys(), field);
                     *keysTo = reader->Keys();
                     *valuesTo = reader->Values();
                 };
@@ -163,7 +152,6 @@ bool idb_PartReader::GetObjectMap(const cls_FieldHandle& field, const cls_KeySin
         [&]<class K>(cow_List<K>* keysTo) {
             const auto read = [&](const auto& reader) {
                 memento.EndCollection();
-                RequireDistinct(reader->Keys(), field);
                 const cow_List<K> found = reader->Keys();
                 for (int i = 0; reader->Next(i); ++i)
                     reader->ReadObjCow(sink);
@@ -180,7 +168,7 @@ bool idb_PartReader::GetObjectMap(const cls_FieldHandle& field, const cls_KeySin
 
 const idb_PartAttribute* idb_PartReader::Find(const cls_FieldHandle& field, cls_AttributeType type) const
 {
-    const idb_PartAttribute* attribute = IsNothing() ? nullptr : frame_.Find(frame_.Part(part_), field);
+    const idb_PartAttribute* attribute = Part() == nullptr ? nullptr : frame_.Find(*Part(), field);
     if (attribute != nullptr && attribute->type != static_cast<unsigned>(type))
         idb_Fault::Raise(
             SOURCE, __LINE__,
@@ -222,8 +210,7 @@ cow_String idb_PartReader::ReadText(bio_Ifilter& in, const idb_PartAttribute& at
 {
     constexpr std::size_t LENGTH_BYTES = 4;
     constexpr int LONGEST_KEPT = 64;
-    cow_String& last =
-        frame_.Memento().LastText(frame_.ClassOf(frame_.Part(part_)).firstAttribute + attribute.index);
+    cow_String& last = frame_.Memento().LastText(frame_.ClassOf(*Part()).firstAttribute + attribute.index);
     const std::span<const unsigned char> rest = in.Rest();
     const auto length = static_cast<std::size_t>(last.Length());
     if (length != 0 && rest.size() == LENGTH_BYTES + length &&
@@ -244,7 +231,7 @@ template <class P>
 P idb_PartReader::Given(P reader, const cls_FieldHandle& field, cls_CollectionType asked) const
 {
     if (reader == nullptr)
-        RefuseCollection(field, frame_.Find(frame_.Part(part_), field)->collection, asked);
+        RefuseCollection(field, frame_.Find(*Part(), field)->collection, asked);
     return reader;
 }
 
@@ -257,24 +244,12 @@ void idb_PartReader::RequireSingle(const idb_PartAttribute& attribute, const cls
 void idb_PartReader::RefuseCollection(const cls_FieldHandle& field, unsigned recorded,
                                       cls_CollectionType asked) const
 {
-    const idb_PartAttribute* attribute = frame_.Find(frame_.Part(part_), field);
+    const idb_PartAttribute* attribute = frame_.Find(*Part(), field);
     idb_Fault::Raise(
         SOURCE, __LINE__,
         {static_cast<std::int64_t>(attribute->payload.Position()), frame_.Number(), frame_.Class().name},
         idb_Fault::BAD_COLLECTION, Text(frame_.Number()), frame_.Class().name, field.name, Text(recorded),
         Text(static_cast<unsigned>(asked)));
-}
-
-template <class K>
-void idb_PartReader::RequireDistinct(const cow_List<K>& keys, const cls_FieldHandle& field) const
-{
-    std::unordered_set<K> seen;
-    seen.reserve(static_cast<std::size_t>(keys.Length()));
-    for (const K& key : keys)
-        if (!seen.insert(key).second)
-            idb_Fault::Raise(SOURCE, __LINE__, {-1, frame_.Number(), frame_.Class().name},
-                             idb_Fault::KEY_TWICE, Text(frame_.Number()), frame_.Class().name, field.name,
-                             KeyText(key));
 }
 
 void idb_PartReader::RequireEnd(const bio_Ifilter& in)

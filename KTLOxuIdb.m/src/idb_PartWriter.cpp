@@ -20,6 +20,11 @@ namespace Format = idb_MementoFormat;
 using idb_Fault::Text;
 using Type = cls_AttributeType;
 using Code = cls_CollectionType;
+
+constexpr std::size_t LONG_LIST = 1u << 16; // bytes
+template <class T>
+constexpr bool LIES_AS_STORED =
+    std::is_arithmetic_v<T> && !std::is_same_v<T, bool> && std::endian::native == std::endian::little;
 }
 
 void idb_PartWriter::Reset() const
@@ -40,9 +45,9 @@ bool idb_PartWriter::Announce(unsigned typeId, const cls_Uid& uid) const
     }
     if (index_ > 0)
     {
+        frame_.Memento().RequireParts(index_ + 1);
         const cls_ClassMetadata* const derived = frame_.Part(index_ - 1).Record();
-        if (derived->ParentTypeId() != typeId &&
-            !cls_MetadataRegistrar::Instance().Registrar().InheritanceCheck(derived->ParentTypeId(), typeId))
+        if (derived->ParentTypeId() != typeId)
             idb_Fault::Raise(SOURCE, __LINE__, {.className = derived->Name()}, idb_Fault::WRITE_NO_BASE,
                              derived->Name(), record_->Name());
     }
@@ -77,6 +82,7 @@ void idb_PartWriter::Open() const
     std::memcpy(bio_Store(head, classIndex_), uid.data(), uid.size());
     lengthAt_ = out.Position() + sizeof classIndex_ + uid.size();
     out.WriteRaw(head, sizeof head);
+    begin_ = frame_.Length() - sizeof(std::uint32_t);
 }
 
 void idb_PartWriter::Close() const
@@ -85,9 +91,8 @@ void idb_PartWriter::Close() const
         return;
     Open();
     bio_Ofilter& out = frame_.Stream();
-    const std::size_t countAt = lengthAt_ + sizeof(std::uint64_t);
-    out.Patch(lengthAt_, static_cast<std::uint64_t>(out.Position() - countAt));
-    out.Patch(countAt, static_cast<std::uint32_t>(written_.size()));
+    out.Patch(lengthAt_, static_cast<std::uint64_t>(frame_.Length() - begin_));
+    out.Patch(lengthAt_ + sizeof(std::uint64_t), static_cast<std::uint32_t>(written_.size()));
 }
 
 const cls_Attribute& idb_PartWriter::Declared(const cls_FieldHandle& field, cls_AttributeType type) const
@@ -125,6 +130,7 @@ void idb_PartWriter::BeginCollection(const cls_FieldHandle& field, cls_Collectio
     StoreHead(head, attribute, 0);
     out.WriteRaw(head, sizeof head);
     attributeLengthAt_ = out.Position() - sizeof(std::uint64_t);
+    attributeBegin_ = frame_.Length();
 }
 
 void idb_PartWriter::RequireCollection(const cls_Attribute& attribute, cls_CollectionType asked) const
@@ -148,9 +154,7 @@ void idb_PartWriter::EndCollection() const
 {
     if (const std::unique_ptr<idb_CollectionWriter> collection = std::move(frame_.Collection()))
         collection->Finish();
-    bio_Ofilter& out = frame_.Stream();
-    const std::size_t begin = attributeLengthAt_ + sizeof(std::uint64_t);
-    out.Patch(attributeLengthAt_, static_cast<std::uint64_t>(out.Position() - begin));
+    frame_.Stream().Patch(attributeLengthAt_, static_cast<std::uint64_t>(frame_.Length() - attributeBegin_));
 }
 
 template <class T>
@@ -236,6 +240,27 @@ void idb_PartWriter::PutList(const cls_FieldHandle& field, const cls_PrimSpan& e
         },
         elements);
     EndCollection();
+}
+
+void idb_PartWriter::PutSharedList(const cls_FieldHandle& field, const cls_PrimList& list, int columns) const
+{
+    std::visit(
+        [&]<class T>(const cow_List<T>* values) {
+            const std::span<const T> all(values->Data(), static_cast<std::size_t>(values->Length()));
+            if (!LIES_AS_STORED<T> || all.size_bytes() < LONG_LIST)
+            {
+                PutList(field, all, columns);
+                return;
+            }
+            // The elements lie in the list as in the memento, which shares it instead of copying them twice.
+            BeginCollection(field, cls_ListCode(all));
+            frame_.Stream().Write(values->Length());
+            frame_.Stream().Write(columns);
+            frame_.Lend({reinterpret_cast<const unsigned char*>(all.data()), all.size_bytes()},
+                        std::make_shared<const cow_List<T>>(*values));
+            EndCollection();
+        },
+        list);
 }
 
 void idb_PartWriter::PutObjectList(const cls_FieldHandle& field,

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <new>
 
 namespace
 {
@@ -45,7 +46,8 @@ std::uint32_t idb_ReadListObj::Number() const
     return numbers_[static_cast<std::size_t>(cursor_)];
 }
 
-void idb_ReadListObj::Release()
+void idb_ReadListObj::Release() noexcept
+try
 {
     const unsigned typeId = std::exchange(heldTypeId_, 0);
     if (typeId == 0 || std::find(reported_.begin(), reported_.end(), typeId) != reported_.end())
@@ -54,4 +56,8 @@ void idb_ReadListObj::Release()
     reported_.push_back(typeId);
     if (registrar.FindDtor(typeId) == nullptr)
         std::fprintf(stderr, NO_DTOR, registrar.NameOf(typeId).AsCharPtr());
+}
+catch (const std::bad_alloc&)
+{
+    // A warning for which there is no memory is none.
 }

@@ -20,6 +20,11 @@ constexpr const char* MINOR_WARNING = "format %d.%d is newer than %d.%d";
 constexpr const char* SECTION_WARNING = "section %s at byte %d is not known and was skipped";
 constexpr const char* VERSION_WARNING = "class %s has version %d, newer than the known %d";
 
+// What tables cost beside their entries, estimated from above: a body of text, a node in a set of names; the
+// entry of a section and what is said of one that is not known.
+constexpr std::uint64_t NAME_COST = 96;
+constexpr std::uint64_t SECTION_COST = 256;
+
 template <class... Arguments>
 [[noreturn]] void Refuse(int line, std::uint64_t byte, const char* messageTemplate,
                          const Arguments&... arguments)
@@ -62,7 +67,7 @@ cow_String Shown(const char (&tag)[Format::TAG_BYTES])
 }
 
 idb_StoredMemento::idb_StoredMemento(std::span<const unsigned char> bytes, const idb_MementoLimits& limits)
-    : bytes_(bytes), limits_(limits)
+    : bytes_(bytes), limits_(limits), budget_(limits, bytes.size())
 {
     try
     {
@@ -134,6 +139,7 @@ void idb_StoredMemento::ReadSection(bio_Ifilter& in)
         Refuse(__LINE__, at, idb_Fault::DATA_GOES_ON, Text(at), Text(bytes_.size() - at));
     if (known && !(tag == KNOWN[next_]))
         Refuse(__LINE__, at, idb_Fault::SECTION_PLACE, tag, Text(at), KNOWN[next_]);
+    budget_.Charge(SECTION_COST);
     sections_.push_back({tag, at, length});
     if (!known)
     {
@@ -169,6 +175,7 @@ void idb_StoredMemento::ReadClasses(bio_Ifilter in)
     const cls_ClassRegistrar& registrar = cls_MetadataRegistrar::Instance().Registrar();
     std::unordered_set<unsigned> ids;
     const std::uint32_t count = ReadCount(in, CLASS_BYTES, limits_.classes, idb_Fault::CLASSES);
+    budget_.Charge(count, sizeof(idb_StoredClass) + NAME_COST);
     classes_.reserve(count);
     for (std::uint32_t i = 0; i < count; ++i)
     {
@@ -186,6 +193,7 @@ void idb_StoredMemento::ReadClasses(bio_Ifilter in)
         std::unordered_set<cow_String> names;
         const std::uint32_t attributes =
             ReadCount(in, ATTRIBUTE_BYTES, limits_.attributes, idb_Fault::ATTRIBUTES);
+        budget_.Charge(attributes, sizeof(idb_StoredAttribute) + NAME_COST);
         stored.attributes.reserve(attributes);
         for (std::uint32_t k = 0; k < attributes; ++k)
         {
@@ -214,6 +222,7 @@ void idb_StoredMemento::ReadClasses(bio_Ifilter in)
 void idb_StoredMemento::ReadObjects(bio_Ifilter in)
 {
     const std::uint32_t count = ReadCount(in, Format::OBJECT_HEAD_BYTES, limits_.objects, idb_Fault::OBJECTS);
+    budget_.Charge(count, sizeof(idb_StoredObject));
     objects_.resize(count);
     for (std::uint32_t i = 0; i < count; ++i)
     {
@@ -242,6 +251,7 @@ void idb_StoredMemento::ReadRoots(bio_Ifilter in)
 {
     constexpr std::size_t ROOT_BYTES = 8;
     const std::uint32_t count = ReadCount(in, ROOT_BYTES, limits_.objects, idb_Fault::OBJECTS);
+    budget_.Charge(count, sizeof(idb_StoredRoot) + NAME_COST);
     roots_.reserve(count);
     for (std::uint32_t i = 0; i < count; ++i)
     {
@@ -270,13 +280,15 @@ void idb_StoredMemento::ReadEnd(bio_Ifilter in, std::uint64_t at)
         Refuse(__LINE__, at, idb_Fault::BAD_DIGEST, Text(at));
 }
 
-cow_String idb_StoredMemento::ReadText(bio_Ifilter& in) const
+cow_String idb_StoredMemento::ReadText(bio_Ifilter& in)
 {
     const std::uint64_t at = in.Position();
+    const auto length = static_cast<std::uint64_t>(bio_Ifilter(in).ReadCount(1));
+    if (length > limits_.text)
+        RefuseLimit(at, idb_Fault::TEXT_LENGTH);
+    budget_.Charge(length);
     cow_String text;
     in.Read(text);
-    if (static_cast<std::uint64_t>(text.Length()) > limits_.text)
-        RefuseLimit(at, idb_Fault::TEXT_LENGTH);
     return text;
 }
 

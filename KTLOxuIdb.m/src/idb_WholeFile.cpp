@@ -9,6 +9,7 @@
 #include <string>
 #include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace
 {
@@ -38,8 +39,14 @@ std::vector<unsigned char> idb_WholeFile::Read(const cow_String& path, std::uint
     if (number < 0)
         RefuseRead(path, errno, __LINE__);
     const std::unique_ptr<FILE, int (*)(FILE*)> file(fdopen(number, "rb"), &fclose);
+    if (file == nullptr)
+    {
+        const int error = errno;
+        close(number);
+        RefuseRead(path, error, __LINE__);
+    }
     struct stat status = {};
-    if (file == nullptr || fstat(number, &status) != 0)
+    if (fstat(number, &status) != 0)
         RefuseRead(path, errno, __LINE__);
     if (!S_ISREG(status.st_mode))
         RefuseRead(path, S_ISDIR(status.st_mode) ? EISDIR : EINVAL, "not a file", __LINE__);

@@ -32,8 +32,7 @@ public:
     [[nodiscard]] bool Insert(const cow_String& key, mdl_Extension* owned);
     /// False when there is none of that name.
     [[nodiscard]] bool Remove(const cow_String& key);
-    /// Renames an entry, which goes to the end; one already called `to` is replaced. False when there is no
-    /// `from`.
+    /// Renames an entry, in its place; one already called `to` goes. False when there is no `from`.
     [[nodiscard]] bool ChangeKey(const cow_String& from, const cow_String& to);
 
     /// The repository's own identity, beside that of its part as an extension.

@@ -86,14 +86,15 @@ bool mdl_Repository::Remove(const cow_String& key)
 
 bool mdl_Repository::ChangeKey(const cow_String& from, const cow_String& to)
 {
-    const cow_COW<mdl_Extension>* found = m_objects.Find(from);
-    if (found == nullptr)
+    if (!m_objects.IsMember(from))
         return false;
     if (from == to)
         return true;
-    const cow_COW<mdl_Extension> object = *found;
-    m_objects.Remove(from);
-    m_objects.Remove(to);
-    m_objects.Insert(to, object);
+    cow_Map<cow_String, cow_COW<mdl_Extension>> renamed;
+    renamed.Reserve(m_objects.Length());
+    for (const auto& [key, object] : m_objects)
+        if (key != to)
+            renamed.Insert(key == from ? to : key, object);
+    m_objects = renamed;
     return true;
 }

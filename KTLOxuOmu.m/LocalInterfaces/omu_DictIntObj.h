@@ -23,11 +23,11 @@ public:
     /// False also for a key of another kind.
     virtual bool HasItem(const omu_Primitive& key) const = 0;
 
-    // A key that is not there, or of another kind, raises omu_KeyErrorException; one that is of another kind
-    // cannot be assigned: omu_GenericTypeErrorException.
-
+    /// The value. A key that is not there, or of another kind, raises omu_KeyErrorException.
     virtual omu_Primitive* Item(const omu_Primitive& key) const = 0;
+    /// A key of another kind cannot be assigned: omu_GenericTypeErrorException.
     virtual void AssignItem(const omu_Primitive& key, const omu_Primitive& value) const = 0;
+    /// Raises as Item.
     virtual void RemoveItem(const omu_Primitive& key) const = 0;
 
 protected:

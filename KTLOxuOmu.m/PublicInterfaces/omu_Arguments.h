@@ -39,10 +39,9 @@ public:
     void Begin() override;
 
     using omu_PrimTuple::Get;
-    // Get with a keyword reads the next argument: the next positional one while one remains, whatever the
-    // keyword, else the one of that keyword. What each type takes, and when it is true, stands at
-    // omu_PrimTuple.
-
+    /// Get with a keyword reads the next argument: the next positional one while one remains, whatever the
+    /// keyword, else the one of that keyword. What each type takes, and when it is true, stands at
+    /// omu_PrimTuple.
     template <omu_Readable T>
     bool Get(T& out, const cow_String& keyword);
     bool Get(omu_PrimTuple& out, const cow_String& keyword);

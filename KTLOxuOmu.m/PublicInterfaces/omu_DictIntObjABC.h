@@ -13,6 +13,7 @@ template <class K>
 class OXU_EXPORT omu_DictIntObjABC : public omu_DictIntObj
 {
 public:
+    /// The type that derived classes extend.
     static const omu_InterfaceObj::TypeDesc& Description();
 
     explicit omu_DictIntObjABC(const omu_Shortcut& shortcut = omu_Shortcut(),
@@ -35,9 +36,11 @@ public:
     virtual cow_List<K> Keys() const = 0;
     /// Null when the key is not there.
     virtual omu_Primitive* Subscript(const K& key) const = 0;
+    /// Whether Subscript answers.
     virtual bool HasKey(const K& key) const;
-    // Refused here with nex_PrimException.
+    /// Puts a value under the key. Refused here with nex_PrimException, as Remove.
     virtual void Assign(const K& key, const omu_Primitive& value) const;
+    /// Takes the entry out.
     virtual void Remove(const K& key) const;
     /// Scripts get here only with a new key that is not there. Here: nex_PrimException "ChangeKey NOT
     /// IMPLEMENTED".

@@ -2,6 +2,8 @@
 
 #include <oxu_Export.h>
 
+#include <span>
+
 /// Every environment variable that this library reads, in one place. Each is a trace switch: it is on when
 /// the variable is present, whatever its value, the empty one included. Off, nothing is printed and nothing
 /// that the trace would show is computed.
@@ -25,6 +27,15 @@ public:
     static constexpr const char* PATHREPR_SIMPLEPATH = "ORX_PATHREPR_SIMPLEPATH";
     /// The command history tells each command that is added.
     static constexpr const char* DBG_CMDHISTORYADD = "ORX_DBG_CMDHISTORYADD";
+
+    /// A switch and what it does, in a few words.
+    struct Switch
+    {
+        const char* name;
+        const char* effect;
+    };
+    /// All of them, in the order above.
+    static std::span<const Switch> All() noexcept;
 
     /// ORX_DBG_SYMCONST as it was when the library was loaded.
     static bool TraceSymbolicConstants() noexcept;

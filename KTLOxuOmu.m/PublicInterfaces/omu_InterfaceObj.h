@@ -47,14 +47,14 @@ public:
         NOT_FOR_QUERY = 2   ///< a member that queries are not offered
     };
 
-    // Rows of the tables that describe a type. A row without a name ends its table.
-
+    /// Row of the table of methods. A row without a name ends its table, here and in the tables below.
     struct methodTable
     {
         const char* name = nullptr;
         MethodHandler handler = nullptr;
         unsigned flags = PLAIN;
     };
+    /// Row of the table of members.
     struct memberTable
     {
         const char* name = nullptr;
@@ -70,6 +70,7 @@ public:
         unsigned flags = PLAIN;
         const char* replacedBy = nullptr;
     };
+    /// The same for a member.
     struct deprecatedMemberTable
     {
         const char* name = nullptr;
@@ -96,9 +97,9 @@ public:
         const cow_List<cow_String>& MethodNames() const;
         const cow_List<cow_String>& MemberNames() const;
 
-        // Deprecated names are found too. Null: no such name.
-
+        /// Deprecated names are found too. Null: no such name.
         const methodTable* FindMethod(const char* name) const;
+        /// The same for members.
         const memberTable* FindMember(const char* name) const;
         /// What a deprecated name was replaced by; null for any other name.
         const char* ReplacedBy(const char* name) const;
@@ -118,18 +119,19 @@ public:
                                  const deprecatedMemberTable* deprecatedMembers,
                                  const TypeDesc& extended = TypeDesc());
 
-    // Handlers from member functions of the class whose type is described (or of a base).
-
+    /// The handler of a method from a member function of the class whose type is described (or of a base).
     template <auto F>
     static omu_Primitive* Method(const omu_InterfaceObj& self, omu_Arguments& arguments)
     {
         return (static_cast<const ClassOf<decltype(F)>&>(self).*F)(arguments);
     }
+    /// The same for reading a member.
     template <auto F>
     static omu_Primitive* Reader(const omu_InterfaceObj& self)
     {
         return (static_cast<const ClassOf<decltype(F)>&>(self).*F)();
     }
+    /// The same for setting one.
     template <auto F>
     static void Writer(const omu_InterfaceObj& self, omu_Arguments& value)
     {
@@ -188,9 +190,9 @@ public:
     virtual cow_String CommandPath(const cow_String& path, const cow_String& command,
                                    omu_Arguments& arguments) const;
 
-    // Refused here with nex_PrimException, save Cast, which gives null.
-
+    /// Coerce and the operations below are refused here with nex_PrimException.
     virtual omu_Primitive* Coerce(omu_Arguments& arguments) const;
+    /// Null here.
     virtual omu_InterfaceObj* Cast(omu_Arguments& arguments) const;
     virtual omu_Primitive* Absolute() const;
     virtual omu_Primitive* AddOperation(omu_InterfaceObj* other) const;

@@ -23,6 +23,7 @@ public:
     /// The value as ToInt32 converts it, in decimal.
     static char* Integer(double value, char* out) noexcept;
 
+    /// In decimal, in full.
     static char* Unsigned(std::uint64_t value, char* out) noexcept;
 
     /// Truncates toward zero to 64 bits and keeps the low 32: 4294967295.0 gives -1. What 64 bits cannot

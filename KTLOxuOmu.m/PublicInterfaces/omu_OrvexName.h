@@ -24,6 +24,7 @@ public:
     const cow_String& Value() const { return m_Value; }
     FormEnm Form() const { return m_Form; }
 
+    /// Whether the constructor takes this text.
     static bool IsValid(const cow_String& name, FormEnm form = FormEnm::OBJECT);
 
     /// The same text, whatever the form.

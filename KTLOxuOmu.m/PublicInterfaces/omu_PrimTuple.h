@@ -62,9 +62,7 @@ public:
     explicit omu_PrimTuple(const omu_PrimVector::Items& values, char kind = KIND);
     explicit omu_PrimTuple(const cls_ReadVisitor& reader);
 
-    // Put appends one item.
-
-    /// Takes bool alone: no pointer turns into a truth value by itself.
+    /// Put appends one item. Takes bool alone: no pointer turns into a truth value by itself.
     void Put(std::same_as<bool> auto value) { PutBoolean(value); }
     void Put(int value) { PutNumber(value, DataTypeEnm::INT); }
     void Put(signed char value) { PutNumber(value, DataTypeEnm::SCHAR); }
@@ -194,6 +192,7 @@ protected:
 
     /// The items' texts between the brackets; a lone item is followed by a comma where asked for.
     cow_String Joined(char open, char close, bool commaAfterLone) const;
+    /// Item by item, also where the classes differ.
     bool HasEqualItems(const omu_PrimTuple& other) const;
     void SetItem(int index, omu_Primitive* owned);
     void RemoveItem(int index);
@@ -206,7 +205,7 @@ protected:
         const char* source;
         int line;
     };
-    // The three, into an empty sequence of the caller's class.
+    /// The three, into an empty sequence of the caller's class.
     void SliceInto(omu_PrimTuple& slice, int from, int to, const Faults& faults) const;
     void RepeatInto(omu_PrimTuple& repeated, int count, const Faults& faults) const;
     void ConcatInto(omu_PrimTuple& joined, const omu_PrimSequence* other, const Faults& faults) const;

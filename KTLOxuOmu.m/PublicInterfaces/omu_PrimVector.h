@@ -23,6 +23,7 @@ public:
     using Items = cow_ArrayCOW<omu_Primitive, cow_Virtual<omu_Primitive>>;
     using DataTypeEnm = omu_PrimNumber::DataTypeEnm;
 
+    /// An item of a run of nothing but numbers.
     struct Number
     {
         double value;

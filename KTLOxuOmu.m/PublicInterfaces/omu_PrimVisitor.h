@@ -31,6 +31,7 @@ class OXU_EXPORT omu_PrimVisitor
 public:
     virtual ~omu_PrimVisitor();
 
+    /// What no operation below is overridden for.
     virtual void VisitPrimitive(omu_Primitive& value);
     virtual void VisitNumber(omu_PrimNumber& value);
     virtual void VisitString(omu_PrimString& value);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <omu_PrimVisitor.h>
+#include <omu_Primitive.h>
 #include <omu_PyObjectHandle.h>
 #include <oxu_Export.h>
 

@@ -28,6 +28,7 @@ public:
         return *this;
     }
 
+    /// Whether the answer is a change to the value before.
     void SetValueIsDelta(bool valueIsDelta) { valueIsDelta_ = valueIsDelta; }
 
     bool ValueIsDelta() const { return valueIsDelta_; }

@@ -16,14 +16,17 @@ class OXU_EXPORT omu_RangeChecker
 public:
     omu_RangeChecker() = delete;
 
+    /// Raises unless lower < value < upper, with <= where the limit is inclusive.
     static void CheckInRange(const cow_String& keyword, int lower, bool lowerInclusive, int value, int upper,
                              bool upperInclusive);
     static void CheckInRange(const cow_String& keyword, double lower, bool lowerInclusive, double value,
                              double upper, bool upperInclusive);
 
+    /// Raises unless value < upper, or <= where inclusive.
     static void CheckLessThan(const cow_String& keyword, int upper, bool upperInclusive, int value);
     static void CheckLessThan(const cow_String& keyword, double upper, bool upperInclusive, double value);
 
+    /// Raises unless value > lower, or >= where inclusive.
     static void CheckGreaterThan(const cow_String& keyword, int lower, bool lowerInclusive, int value);
     static void CheckGreaterThan(const cow_String& keyword, double lower, bool lowerInclusive, double value);
 };

@@ -10,6 +10,7 @@
 class OXU_EXPORT omu_SeqIntObj : public omu_InterfaceObj
 {
 public:
+    /// The type that derived classes extend.
     static const TypeDesc& Description();
 
     explicit omu_SeqIntObj(const omu_Shortcut& shortcut = omu_Shortcut(),
@@ -31,9 +32,11 @@ public:
     virtual omu_Primitive* Repeat(int count) const;
     /// A list of these elements, then the other's.
     virtual omu_Primitive* Concat(const omu_SeqIntObj* other) const;
-    // Refused here with nex_PrimException. What Remove and RemoveSlice return is the command's result.
+    /// Puts a value in place of the element. Refused here with nex_PrimException, as the two below.
     virtual omu_Primitive* Assign(int position, const omu_Primitive& value) const;
+    /// Takes the element out; the result is the command's.
     virtual omu_Primitive* Remove(int position) const;
+    /// The same for the elements from `from` up to but not including `to`.
     virtual omu_Primitive* RemoveSlice(int from, int to) const;
     /// Whether no other element equals this one.
     virtual bool IsUnique(int position) const;

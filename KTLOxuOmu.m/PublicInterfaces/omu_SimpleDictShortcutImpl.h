@@ -31,6 +31,7 @@ private:
     K key_;
 };
 
+/// A literal is a key of text.
 omu_SimpleDictShortcutImpl(const omu_Shortcut&, const cow_String&, const char*)
     ->omu_SimpleDictShortcutImpl<cow_String>;
 

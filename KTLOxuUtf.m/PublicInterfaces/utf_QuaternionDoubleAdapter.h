@@ -8,5 +8,6 @@
 class OXU_EXPORT utf_QuaternionDoubleAdapter final : public cls_TypeAdapter<utf_Quaternion<double>>
 {
 public:
+    /// One for the process.
     static const cls_AdapterBase* Instance();
 };

@@ -8,5 +8,6 @@
 class OXU_EXPORT utf_QuaternionFloatAdapter final : public cls_TypeAdapter<utf_Quaternion<float>>
 {
 public:
+    /// One for the process.
     static const cls_AdapterBase* Instance();
 };

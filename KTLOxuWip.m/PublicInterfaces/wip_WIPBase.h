@@ -25,6 +25,7 @@ public:
     virtual void RemoveWipReporter(wip_WipReporter* reporter);
     virtual wip_WipReporter* GetWipReporter() const;
 
+    /// What follows goes to the reporter's operation of the same name.
     virtual void Display(const atr_String& message);
     virtual void Print(const atr_String& message);
     virtual void Landmark(const atr_String& message);

@@ -17,6 +17,7 @@ class OXU_EXPORT wip_WipReporter
 public:
     virtual ~wip_WipReporter();
 
+    /// A text for the user, of three kinds that a front end shows as it likes; progress sends none of them.
     virtual void Display(const atr_String& message) = 0;
     virtual void Print(const atr_String& message) = 0;
     virtual void Landmark(const atr_String& message) = 0;

@@ -9,16 +9,14 @@
 
 class annC_AnnotationContainer;
 class omu_ChangeHistory;
-class omu_PrimTuple;
+struct omu_Delta;
 
 /// A viewer's own list of the names in a container, front first, kept up to date by the change history of the
 /// thread on which it follows.
 ///
-/// The history does not say to which container a change belongs, and some changes are not in it. So every
-/// name that a change touched is compared with the container afterwards, and the number of names: where one
-/// differs, the list is taken from the container afresh. That finds every difference that this thread made,
-/// since names that were not touched keep their order. Of what other threads did it finds what changes the
-/// number of names, or the place of a name that this thread touched: their mere moves go unseen.
+/// The container numbers its changes, so the list knows whether the history told it of all of them. It does
+/// not of changes that another thread made, nor of those that have fallen out: then the list is taken from
+/// the container afresh.
 class vwr_AnnotationList
 {
 public:
@@ -27,9 +25,8 @@ public:
     vwr_AnnotationList& operator=(const vwr_AnnotationList&) = delete;
 
     /// Brings the list up to the container. Applies the changes since the last time; takes everything afresh
-    /// the first time, for another container (another object, or another uid), for another thread's history,
-    /// when the history no longer holds all of them, and when they do not lead to the container, as after its
-    /// Clear.
+    /// the first time, for another container, when the history does not hold all the changes, and after the
+    /// container's Clear or an assignment to it.
     void Follow(const annC_AnnotationContainer& container);
 
     /// In the order of the container when it was last followed.
@@ -45,20 +42,16 @@ private:
     };
 
     // These answer false for what cannot be applied.
-    [[nodiscard]] bool Apply(const annC_AnnotationContainer& container,
-                             const cow_List<omu_PrimTuple>& changes);
-    [[nodiscard]] bool ApplyOne(const omu_PrimTuple& change);
+    [[nodiscard]] bool Apply(const omu_ChangeHistory& history, long long posted);
+    [[nodiscard]] bool ApplyOne(const omu_Delta& delta);
     [[nodiscard]] bool Insert(const cow_String& name, int index);
     [[nodiscard]] bool Remove(const cow_String& name);
-    int IndexOf(const cow_String& name) const;
     void Rebuild(const annC_AnnotationContainer& container);
 
     annC_OrderTree order_;
     std::unordered_map<cow_String, Entry> entries_;
-    // Compared only, never followed.
-    const annC_AnnotationContainer* container_ = nullptr;
-    const omu_ChangeHistory* history_ = nullptr;
-    cls_Uid uid_ = cls_Uid::Null();
+    cls_Uid source_ = cls_Uid::Null(); // that the list is of, up to this number of its changes
+    long long applied_ = 0;
     long long mark_ = 0;
     int rebuilds_ = 0;
 };

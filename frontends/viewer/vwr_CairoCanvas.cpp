@@ -150,6 +150,11 @@ void vwr_CairoCanvas::Text(const vwr_TextRun& run)
     cairo_restore(context);
 }
 
+const char* vwr_CairoCanvas::LibraryVersion()
+{
+    return cairo_version_string();
+}
+
 std::string vwr_CairoCanvas::Png() const
 {
     Require(cairo_status(context_.get()), __LINE__);

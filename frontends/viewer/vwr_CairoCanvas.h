@@ -27,6 +27,9 @@ public:
     void Text(const vwr_TextRun& run) override;
     void End() override;
 
+    /// The release of the library that draws, as it is loaded: "1.16.0".
+    static const char* LibraryVersion();
+
     std::string Png() const;
     /// The bytes of an image alone as a PNG file.
     static std::string Png(const vwr_Image& image);

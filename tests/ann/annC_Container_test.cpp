@@ -174,7 +174,7 @@ TEST(Repository, KeepsObjectsByNameInOrderAndSharesThem)
     EXPECT_FALSE(outer.Insert("z", nullptr));
     ASSERT_TRUE(outer.ChangeKey("x", "z"));
     EXPECT_FALSE(outer.ChangeKey("x", "y"));
-    EXPECT_EQ(outer.Keys(), (cow_List<cow_String>{"y", "z"}));
+    EXPECT_EQ(outer.Keys(), (cow_List<cow_String>{"z", "y"}));
     mdl_Repository copy(outer);
     EXPECT_EQ(copy.ConstGet("z"), outer.ConstGet("z"));
     EXPECT_NE(copy.Get("z"), outer.ConstGet("z"));

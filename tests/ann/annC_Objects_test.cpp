@@ -3,16 +3,34 @@
 #include <KTLOxuAnn.h>
 #include <KTLOxuMdl.h>
 #include <KTLOxuOmu.h>
+#include <annC_AnnotationClient.h>
 #include <annC_AnnotationContainer.h>
 #include <annC_Arrow.h>
 #include <annC_Point3DAnchor.h>
 #include <annC_Text.h>
 #include <gtest/gtest.h>
+#include <nex_PrimException.h>
+#include <testing/ExpectRaise.h>
 #include <testing/MemoryStore.h>
 #include <testing/StartGuard.h>
 
 namespace
 {
+TEST(AnnotationModule, StopsWithItsOwnClientAndLeavesAFrontEndsAlone)
+{
+    int running = 0;
+    const auto runOnce = [&running] {
+        KTLOxuAnn_initialize(running);
+        annC_AnnotationClient::Instance();
+        KTLOxuAnn_finalize(running);
+    };
+    runOnce();
+    EXPECT_FALSE(annC_AnnotationClient::Exists());
+    const annC_AnnotationClient own;
+    runOnce();
+    EXPECT_EQ(&annC_AnnotationClient::Instance(), &own);
+}
+
 class Objects : public testing::Test
 {
     StartGuard<KTLOxuOmu_initialize, KTLOxuOmu_finalize> omu_;
@@ -62,6 +80,24 @@ TEST_F(Objects, AContainerComesBackInItsOrder)
     EXPECT_EQ(back.Uid(), container.Uid());
     EXPECT_EQ(back.RepositoryUid(), container.RepositoryUid());
     EXPECT_EQ(back.ExtensionUid(), container.ExtensionUid());
+}
+
+TEST_F(Objects, AStoredNameWithoutAnAnnotationIsRefused)
+{
+    struct : annC_AnnotationContainer
+    {
+        void DBWrite(const cls_WriteVisitor& writer) const override
+        {
+            if (!writer.Announce(TypeId(), Uid()))
+                return;
+            mdl_Repository::DBWrite(writer.BaseWriter());
+            writer.WriteSharedMap({0, "m_map"}, cow_Map<cow_String, annC_AnnotationCow>{{"a", {}}});
+        }
+    } damaged;
+    MemoryStore store;
+    const int number = store.Write(damaged);
+    EXPECT_RAISE(store.Read<annC_AnnotationContainer>(number), nex_PrimException,
+                 "no annotation, or more than one, is called a");
 }
 
 TEST_F(Objects, CopiesShareAnchorsAndIdentitiesUntilTheyAreRenewed)

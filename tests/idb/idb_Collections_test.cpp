@@ -87,6 +87,32 @@ TEST(Factories, TakeTheirCodesAndNameTheOthers)
     EXPECT_EQ(idb_MementoWrite().MakeAltWriteMapInt2Prim(1.0), nullptr);
 }
 
+TEST(Factories, ServeTheSameBytesAgain)
+{
+    const Bytes empty = Empty();
+    idb_MementoRead memento(empty);
+    const Bytes two = Payload(2, 1, 7, 8);
+    memento.BeginCollection(Code::LIST_INT, bio_Ifilter(two));
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(memento.MakeReadListPrim(1)->Elements(), (cow_List<int>{7, 8}));
+    memento.EndCollection();
+}
+
+TEST(Maps, RefuseAKeyThatStandsTwice)
+{
+    const Bytes empty = Empty();
+    idb_MementoRead memento(empty);
+    const Bytes twice = Payload(3, 5, 1, -4, 2, 5, 3);
+    memento.BeginCollection(Code::MAP_INT_INT, bio_Ifilter(twice));
+    EXPECT_RAISE(memento.MakeReadMapInt2Prim(1), idb_MementoException,
+                 "idb_MementoRead: key 5 stands twice in the map at byte 0");
+    bio_Ofilter out;
+    idb_WriteMapString2Prim<int> writer(out);
+    for (const char* key : {"b", "a", "b"})
+        writer.Write(key, 1);
+    EXPECT_RAISE(writer.Finish(), idb_MementoException, "idb_MementoWrite: key b is given twice");
+}
+
 template <class T>
 void ExpectList(const cow_List<T>& values, int columns, const Bytes& wanted)
 {
@@ -321,13 +347,54 @@ void DeclareItem(cls_ClassRegistrar& registrar)
         meta.AddDtor([](void* body) { delete static_cast<T*>(body); });
 }
 
+/// A class and its bases, of which each has an attribute of the same name.
+template <int N>
+class Level : public Level<N - 1>
+{
+public:
+    static constexpr unsigned TypeId() { return Id(30 + N); }
+    Level() = default;
+    explicit Level(const cls_ReadVisitor& reader) : Level<N - 1>(reader.BaseReader())
+    {
+        reader.ReadInt({0, "n"}, n);
+    }
+    void DBWrite(const cls_WriteVisitor& writer) const
+    {
+        if (!writer.AnnounceValue(TypeId()))
+            return;
+        Level<N - 1>::DBWrite(writer.BaseWriter());
+        writer.WriteInt({0, "n"}, n);
+    }
+
+    int n = 0;
+};
+template <>
+class Level<0> : public cls_Persistent
+{
+public:
+    static constexpr unsigned TypeId() { return cls_UniversalRoot; }
+    Level() = default;
+    explicit Level(const cls_ReadVisitor&) {}
+    void DBWrite(const cls_WriteVisitor&) const {}
+};
+
+template <int N>
+void DeclareLevel(cls_ClassRegistrar& registrar)
+{
+    registrar
+        .Create(cow_String(std::to_string(Level<N>::TypeId())), Level<N>::TypeId(), 1,
+                cls_TypeAdapter<Level<N>>::Instance(), Level<N - 1>::TypeId())
+        .AddAttribute({0, "n"}, cls_AttributeType::INT, 1, Code::SINGLE);
+}
+
 class Collections : public testing::Test
 {
 protected:
     Collections()
     {
         for (const auto declare : {&DeclareItem<Plain>, &DeclareItem<Hooked>, &All<0>::InitializeMetadata,
-                                   &All<1>::InitializeMetadata, &All<2>::InitializeMetadata})
+                                   &All<1>::InitializeMetadata, &All<2>::InitializeMetadata, &DeclareLevel<1>,
+                                   &DeclareLevel<2>, &DeclareLevel<3>})
             cls_MetadataRegistrar::Instance().initClassMetadata(declare, 7);
     }
 
@@ -365,6 +432,54 @@ TEST_F(Collections, ComeBackInBothSeriesOfCodes)
                               "Warning: objectCOW dtor not defined in ddbAPI metadata for: idb_Plain\n";
     ExpectComesBack<0>(twice);
     ExpectComesBack<1>(twice);
+}
+
+// The memento shares them, wherever they stand in an object, and its owner may change them.
+TEST_F(Collections, LongListsStayAsTheyWereWritten)
+{
+    const auto fill = [](All<0>& all) {
+        all.Fill();
+        std::get<1>(all.lists) = cow_List<int>::Filled(20000, 7);
+        std::get<4>(all.lists) = cow_List<double>::Filled(30000, 0.5);
+    };
+    All<0> all, wanted, back;
+    fill(all);
+    fill(wanted);
+    idb_MementoWrite out;
+    out.Add("first", all);
+    std::get<4>(all.lists)[29999] = 1;
+    std::get<1>(all.lists) = {};
+    out.Add("second", all);
+    out.Finish();
+    idb_MementoRead in(out.Bytes());
+    testing::internal::CaptureStderr();
+    in.Root("second", back);
+    EXPECT_TRUE(back.lists == all.lists && back.byText == all.byText);
+    in.Root("first", back);
+    testing::internal::GetCapturedStderr();
+    EXPECT_TRUE(back.lists == wanted.lists && back.byText == wanted.byText);
+}
+
+TEST_F(Collections, BasePartsAreFoundByTheirClass)
+{
+    MementoMaker maker;
+    for (const unsigned id : {Level<1>::TypeId(), Level<3>::TypeId()})
+        maker.Class(id, std::to_string(id).c_str(), 1, 1, {{"n", 5, 1, 0}});
+    maker.Object(1, {{0, {{0, 5, 0, Payload(10)}}}, {1, {{0, 5, 0, Payload(30)}}}});
+    maker.Root("r", 1);
+    const Bytes bytes = maker.Make();
+    Level<3> back;
+    idb_MementoRead(bytes).Root("r", back);
+    EXPECT_TRUE(back.n == 30 && back.Level<2>::n == 0 && back.Level<1>::n == 10);
+    idb_MementoLimits limits;
+    for (const unsigned depth : {2u, 3u})
+    {
+        limits.depth = depth;
+        idb_MementoWrite out(limits);
+        EXPECT_EQ(orvex_testing::Raised<idb_MementoException>([&] { out.Add("r", back); }),
+                  depth == 2 ? "idb_MementoWrite: limit exceeded: nesting depth" : "nothing was raised")
+            << depth;
+    }
 }
 
 TEST_F(Collections, CodesThatAreNotDeclaredAreToldAndRefused)

@@ -241,7 +241,7 @@ const BadObject BAD_OBJECTS[] = {
      3,
      {{3, {}}},
      [](MementoMaker& m) { m.Class(0x130016, "number", 1, 1, {}); }},
-    {"KeyTwice", "object 1 (omu_PrimStrDictionary): attribute m_map has the key k twice", 3,
+    {"KeyTwice", "key k stands twice in the map at byte 364", 3,
      Listing(3, 2, 2, cow_String("k"), 0, cow_String("k"), 0),
      [](MementoMaker& m) {
          m.Class(0x130014, "omu_PrimStrDictionary", 800, 1, {{"m_map", OBJECT, 0, 2}});
@@ -335,6 +335,7 @@ TEST_F(Damage, LimitsHoldAndCanBeMoved)
     tight.budgetFactor = 0;
     tight.budgetBase = 900;
     EXPECT_EQ(ResultOf(good, tight), "limit exceeded: allocation budget");
+    EXPECT_THROW(idb_MementoRead(good, tight), idb_MementoException) << "tables count";
     // 200 tuples in each other are read, 201 are not.
     for (const unsigned depth : {200u, 201u})
     {

@@ -83,6 +83,22 @@ TEST_F(MementoFile, ReplacesTheOldOneWhole)
     EXPECT_EQ(Saved(path_), "new");
 }
 
+TEST_F(MementoFile, FollowsLinksAndTakesNamesAsLongAsNamesMayBe)
+{
+    fs::create_symlink("b", folder_ / "a");
+    fs::create_symlink("c.oxm", folder_ / "b");
+    Save(folder_ / "a", "new");
+    EXPECT_TRUE(fs::is_symlink(folder_ / "a") && fs::is_symlink(folder_ / "b"));
+    EXPECT_EQ(Saved(folder_ / "c.oxm"), "new");
+    fs::create_symlink("loop", folder_ / "loop");
+    EXPECT_RAISE(Save(folder_ / "loop", "x"), idb_MementoException,
+                 "idb_MementoWrite: cannot write " + (folder_ / "loop") +
+                     ": follow the symbolic link: Too many levels of symbolic links");
+    const std::string name = folder_ / std::string(255, 'n');
+    Save(name, "long");
+    EXPECT_TRUE(Saved(name) == "long" && FilesThere() == 5);
+}
+
 // Killed at any moment, it leaves the old file or the new one.
 TEST_F(MementoFile, SurvivesAKilledWriter)
 {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <omu_ChangeHistory.h>
 #include <random>
+#include <thread>
 #include <vwr_AnnotationList.h>
 
 namespace
@@ -33,16 +34,23 @@ void Edit(annC_AnnotationContainer& container, std::mt19937& random)
         container.Get(name());
 }
 
-// What leaves the deltas short of the truth, or may.
-void Disturb(annC_AnnotationContainer& container, std::mt19937& random)
+// What leaves the deltas short of the truth.
+void Disturb(annC_AnnotationContainer& container, const annC_AnnotationContainer& other, std::mt19937& random)
 {
     const auto overflow = [] {
         for (int i = 0; i <= omu_ChangeHistory::LIMIT; ++i)
             omu_ChangeHistory::Instance().addChange(omu_PrimTuple());
     };
-    const std::function<void()> ways[] = {[&] { container.Clear(); }, [&] { container.NewUid(); },
-                                          [] { omu_ChangeHistory::Instance().Clear(); }, overflow};
-    ways[random() % 4]();
+    const auto reorderElsewhere = [&container] {
+        std::thread([&container] {
+            if (container.Size() > 1)
+                container.SendToBack(container.Keys().Get(0));
+        }).join();
+    };
+    const std::function<void()> ways[] = {[&] { container.Clear(); }, [&] { container = other; },
+                                          [] { omu_ChangeHistory::Instance().Clear(); }, overflow,
+                                          reorderElsewhere};
+    ways[random() % 5]();
 }
 
 TEST(AnnotationList, DeltasOfRandomEditsGiveTheContainersOrder)
@@ -63,8 +71,9 @@ TEST(AnnotationList, DeltasOfRandomEditsGiveTheContainersOrder)
                 Edit(disturbed && random() % 4 == 0 ? other : container, random);
             if (disturbed && random() % 30 == 0)
             {
-                Disturb(container, random);
-                Edit(container, random);
+                Disturb(container, other, random);
+                if (random() % 2 == 0)
+                    Edit(container, random);
             }
             list.Follow(container);
             ASSERT_EQ(list.Names(), container.Keys()) << round;

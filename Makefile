@@ -1,10 +1,11 @@
 # Every target installs what it needs first (scripts/bootstrap); `make` alone lists the targets.
 SHELL := /bin/bash
 .DEFAULT_GOAL := help
-.PHONY: help run test build bench sanitize fuzz pictures format lint clean
+.PHONY: help run test build bench sanitize fuzz pictures docs install package format lint clean
 
 JOBS ?= $(shell nproc)
 FUZZ_SECONDS ?= 60
+PREFIX ?= /usr/local
 CTEST = ctest --output-on-failure --no-tests=error -j$(JOBS)
 
 help: ## list the targets
@@ -19,7 +20,7 @@ build: ## build the libraries, the driver and the Python module into build/relea
 	@cmake --build build/release -j$(JOBS) --target product
 
 test: ## build everything, run all tests, again under the address and undefined-behaviour sanitizers
-	@scripts/bootstrap build test
+	@scripts/bootstrap build test package
 	cmake --preset release
 	cmake --build build/release -j$(JOBS)
 	cmake --preset asan -DORVEX_BUILD_PYTHON=OFF
@@ -52,6 +53,23 @@ pictures: ## draw every style of annotations and parts into build/release/pictur
 	@scripts/bootstrap build
 	cmake --preset release
 	cmake --build build/release -j$(JOBS) --target pictures
+
+docs: ## make the reference of all classes, with the pages of docs/, into build/docs/html
+	@scripts/bootstrap docs
+	@scripts/build-docs
+
+install: build ## install libraries, headers, driver and Python module below PREFIX (/usr/local); DESTDIR is honoured
+	@DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(PREFIX)" > build/install.log || { cat build/install.log; exit 1; }
+	@if [ -z "$(DESTDIR)" ] && [ "$$(id -u)" = 0 ]; then ldconfig; fi
+	@echo "installed below $(DESTDIR)$(PREFIX)"
+
+package: build ## make the Debian packages of library, development files, tools and Python module in build/packages
+	@scripts/bootstrap package
+	@cmake --preset release > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
+	@rm -rf build/packages
+	@cpack --config build/release/CPackConfig.cmake -B build/packages > build/package.log 2>&1 || { cat build/package.log; exit 1; }
+	@rm -rf build/packages/_CPack_Packages
+	@ls build/packages/*.deb
 
 format: ## format the sources
 	@scripts/bootstrap lint

@@ -14,6 +14,12 @@ function(orvex_options target)
     target_compile_features(${target} PUBLIC cxx_std_20)
 endfunction()
 
+# What a library or program exports: the visibility of its classes, less what the linker map takes away.
+function(orvex_exports target map)
+    target_link_options(${target} PRIVATE LINKER:--version-script=${PROJECT_SOURCE_DIR}/cmake/${map})
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/${map})
+endfunction()
+
 # Finds the sources of the classes listed; a class without a source file is a header alone.
 function(orvex_sources result folder)
     set(sources "")
@@ -44,6 +50,7 @@ function(orvex_base)
     add_library(OrvexBase SHARED ${sources})
     add_library(KTLOxuGeom::Base ALIAS OrvexBase)
     orvex_options(OrvexBase)
+    orvex_exports(OrvexBase library.map)
     target_include_directories(OrvexBase PUBLIC "$<BUILD_INTERFACE:${folders}>"
                                                 $<INSTALL_INTERFACE:${ORVEX_INCLUDE_DIR}>)
     set_target_properties(OrvexBase PROPERTIES EXPORT_NAME Base VERSION ${PROJECT_VERSION}
@@ -80,6 +87,7 @@ function(orvex_library)
     add_library(KTLOxuGeom SHARED ${sources})
     add_library(KTLOxuGeom::KTLOxuGeom ALIAS KTLOxuGeom)
     orvex_options(KTLOxuGeom)
+    orvex_exports(KTLOxuGeom library.map)
     set_target_properties(KTLOxuGeom PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
                                                 INSTALL_RPATH "$ORIGIN")
     target_link_libraries(KTLOxuGeom PUBLIC OrvexBase)
@@ -106,6 +114,13 @@ function(orvex_library)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/KTLOxuGeom.pc.in ${CMAKE_CURRENT_BINARY_DIR}/KTLOxuGeom.pc @ONLY)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/KTLOxuGeom.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
             COMPONENT development)
+
+    set(documents ${CMAKE_INSTALL_DATADIR}/doc)
+    install(FILES ${PROJECT_SOURCE_DIR}/CHANGELOG.md DESTINATION ${documents}/libktloxugeom${PROJECT_VERSION_MAJOR}
+            COMPONENT runtime)
+    install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${documents}/libktloxugeom-dev COMPONENT development)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${documents}/libktloxugeom-dev COMPONENT development
+            FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg)
 endfunction()
 
 # orvex_tests(<folder> MODULES ... [LINKS ...]): the program orvex_test_<folder> from every *_test.cpp there.

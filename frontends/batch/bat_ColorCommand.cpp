@@ -1,21 +1,19 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
-#include <algorithm>
 #include <bat_ColorCommand.h>
 #include <bat_Console.h>
 #include <bat_ConsoleReporter.h>
 #include <bat_InputError.h>
+#include <bat_NearestNames.h>
 #include <bat_Number.h>
 #include <bat_PlainText.h>
 #include <bat_Session.h>
 #include <bat_UsageError.h>
-#include <cctype>
 #include <charconv>
 #include <g3d_ColorErrorException.h>
 #include <g3d_ColorMap.h>
 #include <iomanip>
 #include <nlohmann/json.hpp>
-#include <numeric>
 #include <ostream>
 #include <sstream>
 
@@ -88,52 +86,13 @@ void Print(const Shown& color, const bat_Console& console)
                 << '\n';
 }
 
-std::string Lower(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return text;
-}
-
-/// How many letters must be put in, taken out or replaced to come from one text to the other (Levenshtein,
-/// "Binary codes capable of correcting deletions, insertions, and reversals", 1966).
-std::size_t Edits(const std::string& from, const std::string& to)
-{
-    std::vector<std::size_t> row(to.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t(0));
-    for (std::size_t i = 1; i <= from.size(); ++i)
-    {
-        std::size_t diagonal = std::exchange(row[0], i);
-        for (std::size_t k = 1; k <= to.size(); ++k)
-        {
-            const std::size_t replaced = diagonal + (from[i - 1] != to[k - 1]);
-            diagonal = row[k];
-            row[k] = std::min({replaced, row[k] + 1, row[k - 1] + 1});
-        }
-    }
-    return row.back();
-}
-
 /// " Did you mean ...?" with the names that are spelt nearly so; empty where there is none.
 std::string Hint(const std::string& unknown)
 {
-    constexpr std::size_t MOST_EDITS = 2;
-    constexpr std::size_t LONGEST = 64; // longer ones are no misspelt names
-    if (unknown.size() > LONGEST)
-        return {};
-    std::string names;
-    std::size_t best = MOST_EDITS + 1;
+    bat_NearestNames nearest(unknown);
     for (const cow_String& key : g3d_ColorMap::Instance().Keys())
-    {
-        const std::string name(key.View());
-        const std::size_t edits = Edits(Lower(unknown), Lower(name));
-        // Of a short name two edits leave nothing.
-        if (edits > best || edits > MOST_EDITS || edits >= name.size() - 1)
-            continue;
-        names = (edits < best ? "" : names + " or ") + '"' + name + '"';
-        best = edits;
-    }
-    return names.empty() ? names : " Did you mean " + names + "?";
+        nearest.Offer(std::string(key.View()));
+    return nearest.Hint();
 }
 
 Shown Find(const std::string& name)

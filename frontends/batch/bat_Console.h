@@ -11,6 +11,11 @@ struct bat_Console
     int columns = 80;           ///< width of that terminal
     bool outHasColor = false;   ///< out is a terminal with 24-bit colours, and the user wants them
 
+    // The environment variables by which it knows.
+    static constexpr const char* TERMINAL_KIND = "TERM";
+    static constexpr const char* TRUE_COLOR = "COLORTERM";
+    static constexpr const char* NO_COLOR = "NO_COLOR";
+
     /// The process's own streams.
     static bat_Console Standard();
 };

@@ -8,6 +8,7 @@
 #include <bat_Number.h>
 #include <bat_PlainText.h>
 #include <bat_Session.h>
+#include <bat_Words.h>
 #include <idb_MementoException.h>
 #include <idb_MementoRead.h>
 #include <idb_MementoSummary.h>
@@ -145,7 +146,7 @@ const char* bat_MementoCommand::Footer() const
 
 void bat_MementoCommand::Declare(CLI::App& app)
 {
-    app.add_option("FILE", file_, "the memento")->required()->option_text(" ");
+    app.add_option("FILE", file_, "the memento")->required()->type_name(bat_Words::FILE)->option_text(" ");
     app.add_flag("--json", json_, "print one line of JSON");
 }
 

@@ -14,10 +14,6 @@
 
 namespace
 {
-// Squares of areas, fourth powers of lengths, must stay finite.
-constexpr double LARGEST_COORDINATE = 1e75;
-constexpr std::size_t MOST_TRIANGLES = std::numeric_limits<int>::max();
-
 void SetPoints(const bat_Corners& corners, gsl_Point& p1, gsl_Point& p2, gsl_Point& p3)
 {
     p1.Set(corners[0], corners[1], corners[2]);
@@ -28,7 +24,7 @@ void SetPoints(const bat_Corners& corners, gsl_Point& p1, gsl_Point& p2, gsl_Poi
 std::string TooLarge(double coordinate)
 {
     return "a coordinate of " + bat_ReadableText(coordinate) + " is beyond the " +
-           bat_ReadableText(LARGEST_COORDINATE) + " that can be computed with";
+           bat_ReadableText(bat_Part::LARGEST_COORDINATE) + " that can be computed with";
 }
 }
 

@@ -7,6 +7,7 @@
 #include <cow_CountedHld.h>
 #include <gsl_BBox.h>
 #include <gsl_TriOctree.h>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,10 @@
 class bat_Part
 {
 public:
+    /// Without its sign: squares of areas, fourth powers of lengths, stay finite.
+    static constexpr double LARGEST_COORDINATE = 1e75;
+    static constexpr std::size_t MOST_TRIANGLES = std::numeric_limits<int>::max();
+
     /// More than one triangle, or the mesh readers refuse the file; as many as an int can number, or
     /// bat_MeshError. Interruptible.
     bat_Part(std::string file, bat_TriangleMesh mesh, bat_Watcher& watcher = bat_Watcher::Nobody());
@@ -44,6 +49,8 @@ public:
     }
     /// The same three corners.
     void Points(int triangle, gsl_Point& p1, gsl_Point& p2, gsl_Point& p3) const;
+    /// As bat_TriangleView has them.
+    const double* InARow(std::size_t triangle) const { return triangles_.InARow(triangle); }
     /// Without a normal a triangle is degenerate: the search passes over it.
     bool HasNormal(int triangle) const { return hasNormal_[static_cast<std::size_t>(triangle)]; }
     int Degenerate() const { return degenerate_; }

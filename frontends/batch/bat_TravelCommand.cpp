@@ -6,6 +6,8 @@
 #include <bat_Number.h>
 #include <bat_Part.h>
 #include <bat_Phase.h>
+#include <bat_PictureFile.h>
+#include <bat_PlainText.h>
 #include <bat_Session.h>
 #include <bat_TravelCommand.h>
 #include <bat_TravelJson.h>
@@ -74,8 +76,10 @@ bat_ExitCode bat_TravelCommand::Run(const bat_Console& console)
     else
         console.out << bat_TravelText(result);
     // The answer is there all the same.
-    if (!pictureFault_.empty())
+    if (!pictureFault_.empty() && !differs_)
         throw bat_InputError(pictureFault_);
+    if (!pictureFault_.empty())
+        console.err << "orvex: " << bat_PlainText(pictureFault_) << '\n';
     if (differs_)
         return bat_ExitCode::INTERNAL;
     return result.IsClear() ? bat_ExitCode::CLEAR : bat_ExitCode::CONTACT;
@@ -87,7 +91,7 @@ bat_TravelResult bat_TravelCommand::Compute()
     const bat_TravelQuestion question = options_.Question();
     const bool draws = !options_.Picture().empty();
     if (draws)
-        bat_TravelPicture::RequirePlace(options_.Picture());
+        bat_PictureFile::RequirePlace(options_.Picture());
 
     const float total = bat_ContactTravel::READ_SHARE + bat_ContactTravel::SHARE +
                         (options_.Check() ? CHECK_SHARE : 0.0f) + (draws ? PICTURE_SHARE : 0.0f);
@@ -108,7 +112,7 @@ bat_TravelResult bat_TravelCommand::Compute()
                         bat_BruteForce::LIMIT);
     }
 
-    const bat_TravelResult result = bat_ContactTravel(fixed, movable, watcher, total).Find(question);
+    bat_TravelResult result = bat_ContactTravel(fixed, movable, watcher, total).Find(question);
     if (bruteForce)
     {
         const bat_Phase phase(watcher, CHECK_SHARE / total, "checking by brute force");
@@ -123,11 +127,12 @@ bat_TravelResult bat_TravelCommand::Compute()
     return result;
 }
 
-void bat_TravelCommand::Draw(const bat_Part& fixed, const bat_Part& movable, const bat_TravelResult& result)
+void bat_TravelCommand::Draw(const bat_Part& fixed, const bat_Part& movable, bat_TravelResult& result)
 {
     try
     {
         bat_TravelPicture(fixed, movable, result).Save(options_.Picture());
+        result.picture = options_.Picture();
     }
     catch (const bat_InputError& error)
     {

@@ -20,7 +20,7 @@ public:
 
 private:
     bat_TravelResult Compute();
-    void Draw(const bat_Part& fixed, const bat_Part& movable, const bat_TravelResult& result);
+    void Draw(const bat_Part& fixed, const bat_Part& movable, bat_TravelResult& result);
     void Check(const bat_BruteForce& bruteForce, const bat_TravelResult& result, bat_Watcher& watcher);
 
     bat_TravelOptions options_;

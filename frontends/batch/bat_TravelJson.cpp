@@ -38,5 +38,7 @@ std::string bat_TravelJson(const bat_TravelResult& result)
            ",\"direction\":" + Triple(u.X(), u.Y(), u.Z()) + ",\"fixed\":" + Part(result.fixed) +
            ",\"movable\":" + Part(result.movable) +
            ",\"skipped\":{\"degenerate\":" + std::to_string(result.degenerate) +
-           ",\"outside\":" + std::to_string(result.outside) + "},\"version\":" + Quoted(BAT_VERSION) + "}";
+           ",\"outside\":" + std::to_string(result.outside) + "}" +
+           (result.picture.empty() ? "" : ",\"picture\":" + Quoted(result.picture)) +
+           ",\"version\":" + Quoted(BAT_VERSION) + "}";
 }

@@ -5,6 +5,7 @@
 #include <bat_Number.h>
 #include <bat_TravelOptions.h>
 #include <bat_UsageError.h>
+#include <bat_Words.h>
 
 namespace
 {
@@ -16,9 +17,11 @@ void bat_TravelOptions::Declare(CLI::App& app)
 {
     app.add_option("FIXED", fixed_, "the part that stands still: an STL, OBJ or OFF file")
         ->required()
+        ->type_name(bat_Words::FILE)
         ->option_text(" ");
     app.add_option("MOVABLE", movable_, "the part that travels, in the same units")
         ->required()
+        ->type_name(bat_Words::FILE)
         ->option_text(" ");
     app.add_option(
            "--dir", direction_,
@@ -39,7 +42,8 @@ void bat_TravelOptions::Declare(CLI::App& app)
         ->check(CLI::IsMember({OCT, MOD}))
         ->option_text(std::string(OCT) + "|" + MOD);
     app.add_option("--picture", picture_, "draw parts, travel and contact into this file, .svg or .png")
-        ->option_text("FILE");
+        ->type_name(bat_Words::FILE)
+        ->option_text(bat_Words::FILE);
     app.add_flag("--json", json_, "print the result as one line of JSON");
     app.add_flag("--check", check_, "compare with the answer of brute force, where that is feasible");
     app.add_flag("--quiet", quiet_, "print the result and errors, nothing else");

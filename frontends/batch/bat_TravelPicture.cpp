@@ -1,29 +1,21 @@
-#include <bat_InputError.h>
+#include <bat_PictureFile.h>
 #include <bat_TravelPicture.h>
-#include <bat_UsageError.h>
 
 #ifdef ORVEX_WITH_VIEWER
 
-#include <algorithm>
 #include <annC_AnnotationContainer.h>
 #include <annC_Arrow.h>
 #include <annC_NamedAnchor.h>
 #include <annC_Point3DAnchor.h>
 #include <annC_Text.h>
 #include <array>
+#include <bat_InputError.h>
 #include <bat_Number.h>
 #include <bat_Part.h>
 #include <bat_TravelResult.h>
 #include <bat_TravelText.h>
-#include <cctype>
-#include <cerrno>
 #include <limits>
 #include <memory>
-#include <sys/stat.h>
-#include <system_error>
-#include <unistd.h>
-#include <vwr_Picture.h>
-#include <vwr_PictureError.h>
 #include <vwr_Scene.h>
 
 namespace
@@ -151,19 +143,6 @@ void InsertContact(annC_AnnotationContainer& annotations, const bat_TravelResult
     annotations.Insert("Contact", mark.release());
     annotations.Insert("Distance", text.release());
 }
-
-std::string Lower(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return text;
-}
-
-[[noreturn]] void RefusePlace(const std::string& path, int number)
-{
-    throw bat_InputError("--picture " + path +
-                         " cannot be written: " + std::generic_category().message(number));
-}
 }
 
 void bat_TravelPicture::Save(const std::string& path) const
@@ -180,45 +159,14 @@ void bat_TravelPicture::Save(const std::string& path) const
     if (!result_.IsClear())
         InsertContact(annotations, result_, scene.view);
     scene.annotations = &annotations;
-    try
-    {
-        vwr_Picture::Save(path, scene);
-    }
-    catch (const vwr_PictureError& error)
-    {
-        throw bat_InputError(error.what());
-    }
-}
-
-void bat_TravelPicture::RequirePlace(const std::string& path)
-{
-    const std::string lower = Lower(path);
-    if (!lower.ends_with(".svg") && !lower.ends_with(".png"))
-        throw bat_UsageError("--picture " + path + ": the name must end in .svg or .png");
-    const std::size_t slash = path.rfind('/');
-    const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
-    struct stat status = {};
-    if (::stat(folder.c_str(), &status) != 0)
-        RefusePlace(path, errno);
-    if (!S_ISDIR(status.st_mode))
-        RefusePlace(path, ENOTDIR);
-    if (::access(folder.c_str(), W_OK) != 0)
-        RefusePlace(path, errno);
-    if (::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode))
-        RefusePlace(path, EISDIR);
+    bat_PictureFile::Save(path, scene);
 }
 
 #else
 
 void bat_TravelPicture::Save(const std::string& path) const
 {
-    RequirePlace(path);
-}
-
-void bat_TravelPicture::RequirePlace(const std::string& path)
-{
-    throw bat_UsageError("--picture " + path +
-                         ": pictures are off, this program was built without the library cairo");
+    bat_PictureFile::RequirePlace(path);
 }
 
 #endif

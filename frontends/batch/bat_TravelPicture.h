@@ -7,8 +7,8 @@ struct bat_TravelResult;
 
 /// A travel as a picture: the fixed part grey, the movable one coloured, where it starts; the travel as an
 /// arrow from the corner that touches to the place where it does, which is marked, with the distance beside
-/// it. Without a contact the parts and a text that says so. In a build without the viewer there is none, and
-/// RequirePlace says it.
+/// it. Without a contact the parts and a text that says so. In a build without the viewer there is
+/// none, and bat_PictureFile says it.
 class bat_TravelPicture
 {
 public:
@@ -19,10 +19,6 @@ public:
 
     /// As SVG or PNG, by the suffix. Raises bat_InputError when the file cannot be written.
     void Save(const std::string& path) const;
-
-    /// Whether a picture could stand there, as far as that can be told in advance. Raises bat_UsageError for
-    /// a suffix that names no format, bat_InputError for a folder that takes no file.
-    static void RequirePlace(const std::string& path);
 
 private:
     // Without the viewer nobody looks at them.

@@ -35,8 +35,9 @@ struct bat_TravelResult
     gsl_Vector direction;
     Side fixed;
     Side movable;
-    int degenerate = 0; ///< triangles passed over because they have no normal
-    int outside = 0;    ///< triangles that a tree refused
+    int degenerate = 0;  ///< triangles passed over because they have no normal
+    int outside = 0;     ///< triangles that a tree refused
+    std::string picture; ///< the file that it was drawn into; empty when it was not
 
     bool IsClear() const { return state == State::CLEAR; }
     /// "contact", "touching", "overlapping" or "clear".

@@ -30,6 +30,12 @@ public:
     std::size_t Length() const { return length_; }
     bool MayChange() const { return indices_ != nullptr; }
     bat_Corners Corners(std::size_t triangle) const;
+    /// The nine numbers of this triangle with those of all later ones behind them; null for vertices with
+    /// indices.
+    const double* InARow(std::size_t triangle) const
+    {
+        return indices_ ? nullptr : reinterpret_cast<const double*>(vertices_.first) + 9 * triangle;
+    }
 
 private:
     Vertices vertices_;

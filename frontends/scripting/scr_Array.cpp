@@ -227,8 +227,8 @@ int PositionOf(const omu_PrimArray& array, int dimension, const py::handle& inde
         throw py::error_already_set();
     const Py_ssize_t position = given < 0 ? given + length : given;
     if (position < 0 || position >= length)
-        scr_Exceptions::Throw("IndexError", "index " + std::to_string(given) + " out of range, length " +
-                                                std::to_string(length));
+        scr_Exceptions::ThrowIndex(py::int_(given), "index " + std::to_string(given) +
+                                                        " out of range, length " + std::to_string(length));
     return static_cast<int>(position);
 }
 

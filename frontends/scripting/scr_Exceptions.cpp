@@ -112,6 +112,14 @@ void scr_Exceptions::Throw(const char* className, const std::string& message)
     throw py::error_already_set();
 }
 
+void scr_Exceptions::ThrowIndex(const py::object& index, const std::string& message)
+{
+    const py::object made = ClassOf("IndexError")(message);
+    made.attr("value") = index;
+    Set(made);
+    throw py::error_already_set();
+}
+
 void scr_Exceptions::ThrowSystem(int number, const std::string& file)
 {
     if (number == ENOMEM)

@@ -19,6 +19,8 @@ public:
     static void SetError() noexcept;
     /// Raises the class of that name in orvex._errors, through C++ as a Python error.
     [[noreturn]] static void Throw(const char* className, const std::string& message);
+    /// The same with IndexError, whose value is the index, of whatever size.
+    [[noreturn]] static void ThrowIndex(const pybind11::object& index, const std::string& message);
     /// Raises what Python raises when the system refuses a file with that number of errno: OSError, or
     /// MemoryError.
     [[noreturn]] static void ThrowSystem(int number, const std::string& file);

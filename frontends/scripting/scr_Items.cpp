@@ -43,7 +43,7 @@ int IndexOf(const py::handle& index)
     int overflow = 0;
     const long value = PyLong_AsLongAndOverflow(number.ptr(), &overflow);
     if (overflow > 0 || value > INT_MAX)
-        scr_Exceptions::Throw("IndexError", py::str(py::repr(number)));
+        scr_Exceptions::ThrowIndex(number, py::str(py::repr(number)));
     return overflow < 0 || value < INT_MIN ? INT_MIN : static_cast<int>(value);
 }
 

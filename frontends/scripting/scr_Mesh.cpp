@@ -21,7 +21,8 @@ bool IsPath(py::handle object)
 }
 }
 
-scr_Mesh::scr_Mesh(py::handle object, const std::string& role) : name_(role)
+scr_Mesh::scr_Mesh(py::handle object, const std::string& role, const char* checking)
+    : name_(role), checking_(checking)
 {
     if (IsPath(object))
     {
@@ -44,7 +45,7 @@ bat_Part scr_Mesh::Build(bat_Watcher& watcher, float share)
 {
     if (!vertices_)
         return bat_Part::Read(name_, watcher, share);
-    const bat_Phase phase(watcher, share, "checking the " + name_ + " part");
+    const bat_Phase phase(watcher, share, checking_);
     if (vertices_->Rows() > MOST_VERTICES)
         throw bat_MeshError(name_, "more than " + std::to_string(MOST_VERTICES) + " vertices");
     if (triangles_->Rows() == 0)

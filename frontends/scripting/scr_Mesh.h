@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-/// One of the two parts as Python gives it: the name of a file, or a pair of buffers, vertices (N x 3
+/// A part as Python gives it: the name of a file, or a pair of buffers, vertices (N x 3
 /// float64) and triangles (M x 3 integers).
 ///
 /// Made and destroyed with the interpreter lock held; the part is built without. Vertices are used in place;
@@ -16,8 +16,9 @@
 class scr_Mesh
 {
 public:
-    /// role, "fixed" or "movable", stands for a file name in messages. Raises TypeError or ValueError.
-    scr_Mesh(pybind11::handle object, const std::string& role);
+    /// role, "fixed", stands for a file name in messages; checking, "checking the fixed part", is what is
+    /// done with arrays. Raises TypeError or ValueError.
+    scr_Mesh(pybind11::handle object, const std::string& role, const char* checking);
 
     /// Reads the file, or checks the arrays; the mesh must outlive the part. Raises bat_MeshError,
     /// bat_Interrupted.
@@ -28,6 +29,7 @@ private:
     void CopyTriangles(bat_Watcher& watcher);
 
     std::string name_;
+    const char* checking_;
     std::optional<scr_Buffer> vertices_;
     std::optional<scr_Buffer> triangles_;
     std::vector<std::uint32_t> indices_;

@@ -8,6 +8,7 @@
 #include <scr_Running.h>
 #include <scr_Text.h>
 #include <scr_Values.h>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -40,6 +41,22 @@ cow_String CommandOf(const omu_InterfaceObj& root, const cow_String& name)
         if (table.HasCommand(command))
             return command;
     return {};
+}
+
+// The names by which the root calls commands: those CommandOf finds.
+cow_List<cow_String> CommandsOf(const omu_InterfaceObj& root)
+{
+    const std::string prefix = std::string(root.AsRepr().View()) + ".";
+    cow_List<cow_String> names;
+    for (const cow_String& command : omu_CommandTable::Instance().CommandNames())
+    {
+        std::string_view name = command.View();
+        if (name.starts_with(prefix))
+            name.remove_prefix(prefix.size());
+        if (name.find('.') == name.npos)
+            names.Append(cow_String(name));
+    }
+    return names;
 }
 
 py::object GetAttribute(const scr_Object& self, const py::str& text)
@@ -84,11 +101,14 @@ void DeleteAttribute(const scr_Object& self, const py::str& text)
 py::object Names(const py::object& self)
 {
     py::list names(py::module_::import("builtins").attr("object").attr("__dir__")(self));
-    const omu_InterfaceObj& object = scr_Object::Find(self.ptr())->Get();
+    const scr_Object& handle = *scr_Object::Find(self.ptr());
+    const omu_InterfaceObj& object = handle.Get();
     if (!object.IsStale())
     {
         scr_Text::Append(names, object.MemberList());
         scr_Text::Append(names, object.MethodList());
+        if (handle.IsRoot())
+            scr_Text::Append(names, CommandsOf(object));
     }
     return names;
 }

@@ -3,7 +3,9 @@
 
 #ifdef ORVEX_WITH_VIEWER
 
+#include <annC_AnnotationContainer.h>
 #include <memory>
+#include <pybind11/pybind11.h>
 #include <typeinfo>
 #include <vwr_AnnotationClient.h>
 #include <vwr_Picture.h>
@@ -32,12 +34,15 @@ void scr_Pictures::Stop()
 void scr_Pictures::Save(const std::string& path, int width, int height,
                         const annC_AnnotationContainer& annotations)
 {
+    // What other threads edit meanwhile is not what is drawn.
+    const annC_AnnotationContainer drawn(annotations);
     vwr_Scene scene;
     scene.width = width;
     scene.height = height;
-    scene.annotations = &annotations;
+    scene.annotations = &drawn;
     try
     {
+        const pybind11::gil_scoped_release others;
         vwr_Picture::Save(path, scene);
     }
     catch (const vwr_PictureError& error)

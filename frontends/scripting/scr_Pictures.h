@@ -18,8 +18,9 @@ public:
     static void Start();
     static void Stop();
 
-    /// Draws the annotations into a file of that size. Raises OSError when it cannot be written,
-    /// orvex.ValueError for a suffix that names no format, and orvex.OrvexError in a build without pictures.
+    /// Draws the annotations, as they are now, into a file of that size; other threads run meanwhile. Raises
+    /// OSError when it cannot be written, orvex.ValueError for a suffix that names no format, and
+    /// orvex.OrvexError in a build without pictures.
     static void Save(const std::string& path, int width, int height,
                      const annC_AnnotationContainer& annotations);
 };

@@ -4,6 +4,7 @@
 #include <pthread.h>
 #include <scr_ProgressReporter.h>
 #include <scr_Text.h>
+#include <scr_TravelRefusal.h>
 #include <scr_TravelWatcher.h>
 #include <utility>
 #include <wip_Progress.h>
@@ -35,11 +36,18 @@ scr_ProgressReporter::Turn::~Turn()
     taken = false;
 }
 
-scr_ProgressReporter::scr_ProgressReporter(py::object callable, scr_TravelWatcher& watcher)
+py::object scr_ProgressReporter::CallableOf(const py::object& given)
+{
+    if (!given.is_none() && !PyCallable_Check(given.ptr()))
+        scr_TravelRefusal("progress", "a callable, True or None").Type(given);
+    return given;
+}
+
+scr_ProgressReporter::scr_ProgressReporter(py::object callable, scr_TravelWatcher& watcher, const char* job)
     : callable_(std::move(callable)), watcher_(watcher), former_(wip_WIP::Instance().GetWipReporter())
 {
     wip_WIP::Instance().SetWipReporter(this);
-    job_.emplace("contact travel");
+    job_.emplace(job);
     watcher_.TellProgress();
 }
 

@@ -16,8 +16,11 @@ class scr_TravelWatcher;
 class scr_ProgressReporter : public wip_WipReporter
 {
 public:
-    /// Begins the job. Raises RuntimeError while there is another reporter.
-    scr_ProgressReporter(pybind11::object callable, scr_TravelWatcher& watcher);
+    /// What was given as the callable, or None; raises TypeError for anything else.
+    static pybind11::object CallableOf(const pybind11::object& given);
+
+    /// Begins the job of that name. Raises RuntimeError while there is another reporter.
+    scr_ProgressReporter(pybind11::object callable, scr_TravelWatcher& watcher, const char* job);
     /// With the interpreter lock, as the constructor.
     ~scr_ProgressReporter() override;
     scr_ProgressReporter(const scr_ProgressReporter&) = delete;

@@ -4,13 +4,11 @@
 #include <bat_MeshError.h>
 #include <bat_Part.h>
 #include <optional>
-#include <pybind11/stl.h>
-#include <scr_Exceptions.h>
 #include <scr_Mesh.h>
+#include <scr_MeshFailure.h>
 #include <scr_Own.h>
 #include <scr_ProgressReporter.h>
 #include <scr_Running.h>
-#include <scr_Text.h>
 #include <scr_Travel.h>
 #include <scr_TravelRefusal.h>
 #include <scr_TravelWatcher.h>
@@ -21,32 +19,6 @@ namespace py = pybind11;
 
 namespace
 {
-[[noreturn]] void Raise(py::handle type, const py::object& value)
-{
-    PyErr_SetObject(type.ptr(), value.ptr());
-    throw py::error_already_set();
-}
-
-[[noreturn]] void Raise(const bat_MeshError& error)
-{
-    if (const auto number = error.SystemNumber())
-        scr_Exceptions::ThrowSystem(*number, error.File());
-    const py::object type = py::module_::import("orvex._travel").attr("MeshError");
-    Raise(type, type(scr_Text::FromFileSystem(error.File()), scr_Text::FromFileSystem(error.Reason()),
-                     error.Line(), error.Byte()));
-}
-
-double Number(py::handle object, const scr_TravelRefusal& refusal, const std::string& where)
-{
-    const double value = PyFloat_AsDouble(object.ptr());
-    if (value != -1.0 || !PyErr_Occurred())
-        return value;
-    if (!PyErr_ExceptionMatches(PyExc_TypeError))
-        throw py::error_already_set();
-    PyErr_Clear();
-    refusal.Type(scr_TravelRefusal::TypeName(object) + where);
-}
-
 py::object Item(const py::sequence& sequence, std::size_t index, const scr_TravelRefusal& refusal)
 {
     try
@@ -81,7 +53,7 @@ gsl_Vector DirectionOf(const py::object& given)
             refusal.Value(scr_TravelRefusal::TypeName(given) + " of length " + std::to_string(length));
         const auto items = py::reinterpret_borrow<py::sequence>(given);
         for (std::size_t k = 0; k < xyz.size(); ++k)
-            xyz[k] = Number(Item(items, k, refusal), refusal, " as item " + std::to_string(k));
+            xyz[k] = refusal.Number(Item(items, k, refusal), " as item " + std::to_string(k));
     }
     const std::optional<gsl_Vector> unit = bat_Direction::Unit(xyz);
     if (!unit)
@@ -94,7 +66,7 @@ double BoundOf(const py::object& given)
     if (given.is_none())
         return bat_TravelQuestion::UNLIMITED;
     const scr_TravelRefusal refusal("bound", "a number above 0, or None");
-    const double bound = Number(given, refusal, "");
+    const double bound = refusal.Number(given);
     if (!(bound > 0.0))
         refusal.Value(scr_TravelRefusal::Shown(given));
     return std::min(bound, bat_TravelQuestion::UNLIMITED);
@@ -124,13 +96,6 @@ gsl_TriOctree::OctreeNodeType TreeOf(const py::object& given)
     if (PyUnicode_CompareWithASCIIString(given.ptr(), "mod") != 0)
         refusal.Value(scr_TravelRefusal::Shown(given));
     return gsl_TriOctree::gsl_MODOCTREE;
-}
-
-py::object CallableOf(const py::object& given)
-{
-    if (!given.is_none() && !PyCallable_Check(given.ptr()))
-        scr_TravelRefusal("progress", "a callable, True or None").Type(given);
-    return given;
 }
 
 /// Frees the parts on a thread of its own: large trees would keep whoever pressed Ctrl-C waiting. Nobody
@@ -174,7 +139,7 @@ py::tuple Point(const std::array<double, 3>& point)
 }
 
 /// In the order in which the package's TravelResult takes them.
-py::tuple Fields(const bat_TravelResult& result, const std::vector<std::string>& notes)
+py::tuple Fields(const bat_TravelResult& result, const py::tuple& notes)
 {
     const bool touches = !result.IsClear();
     const gsl_Vector& u = result.direction;
@@ -190,12 +155,9 @@ py::tuple Fields(const bat_TravelResult& result, const std::vector<std::string>&
     }
     if (result.bound != bat_TravelResult::UNLIMITED)
         bound = py::float_(result.bound);
-    py::tuple sentences(notes.size());
-    for (std::size_t i = 0; i < notes.size(); ++i)
-        sentences[i] = scr_Text::FromFileSystem(notes[i]);
     return py::make_tuple(result.StateName(), travel, pair, points, bound, result.tolerance,
                           py::make_tuple(u.X(), u.Y(), u.Z()),
-                          py::make_tuple(result.degenerate, result.outside), sentences);
+                          py::make_tuple(result.degenerate, result.outside), notes);
 }
 
 py::tuple Travel(const py::object& fixed, const py::object& movable, const py::object& direction,
@@ -206,15 +168,15 @@ py::tuple Travel(const py::object& fixed, const py::object& movable, const py::o
     const scr_Running running;
     const bat_TravelQuestion question = {DirectionOf(direction), BoundOf(bound), TreeOf(tree),
                                          DepthOf(depth)};
-    const py::object callable = CallableOf(progress);
-    scr_Mesh fixedMesh(fixed, "fixed");
-    scr_Mesh movableMesh(movable, "movable");
+    const py::object callable = scr_ProgressReporter::CallableOf(progress);
+    scr_Mesh fixedMesh(fixed, "fixed", "checking the fixed part");
+    scr_Mesh movableMesh(movable, "movable", "checking the movable part");
     scr_TravelWatcher watcher(running);
     try
     {
         std::optional<scr_ProgressReporter> reporter;
         if (!callable.is_none())
-            reporter.emplace(callable, watcher);
+            reporter.emplace(callable, watcher, "contact travel");
         std::optional<bat_TravelResult> result;
         {
             const py::gil_scoped_release others;
@@ -223,12 +185,12 @@ py::tuple Travel(const py::object& fixed, const py::object& movable, const py::o
         if (result && reporter)
             reporter->Finish();
         watcher.RaiseFailure();
-        return Fields(result.value(), watcher.Notes());
+        return Fields(result.value(), watcher.NotesTuple());
     }
     catch (const bat_MeshError& error)
     {
         watcher.RaiseFailure();
-        Raise(error);
+        scr_RaiseMeshError(error);
     }
 }
 }

@@ -19,6 +19,17 @@ void scr_TravelRefusal::Value(const std::string& found) const
     scr_Exceptions::Throw("ValueError", Sentence(found));
 }
 
+double scr_TravelRefusal::Number(py::handle object, const std::string& where) const
+{
+    const double value = PyFloat_AsDouble(object.ptr());
+    if (value != -1.0 || !PyErr_Occurred())
+        return value;
+    if (!PyErr_ExceptionMatches(PyExc_TypeError))
+        throw py::error_already_set();
+    PyErr_Clear();
+    Type(TypeName(object) + where);
+}
+
 std::string scr_TravelRefusal::TypeName(py::handle object)
 {
     return Py_TYPE(object.ptr())->tp_name;

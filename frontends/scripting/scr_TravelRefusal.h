@@ -20,6 +20,9 @@ public:
     /// ValueError.
     [[noreturn]] void Value(const std::string& found) const;
 
+    /// The object as a float; TypeError, with the place behind its type, for what is no number.
+    double Number(pybind11::handle object, const std::string& where = "") const;
+
     static std::string TypeName(pybind11::handle object);
     /// The object's ascii(), cut where it is long; raises what that raises.
     static std::string Shown(pybind11::handle object);

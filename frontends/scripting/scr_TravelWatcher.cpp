@@ -1,5 +1,6 @@
 #include <pybind11/pybind11.h>
 #include <scr_Running.h>
+#include <scr_Text.h>
 #include <scr_TravelWatcher.h>
 
 namespace py = pybind11;
@@ -38,6 +39,14 @@ void scr_TravelWatcher::RaiseFailure() const
     // As a daemon thread goes at the interpreter's end: without a word.
     PyErr_SetNone(PyExc_SystemExit);
     throw py::error_already_set();
+}
+
+py::tuple scr_TravelWatcher::NotesTuple() const
+{
+    py::tuple sentences(notes_.size());
+    for (std::size_t i = 0; i < notes_.size(); ++i)
+        sentences[i] = scr_Text::FromFileSystem(notes_[i]);
+    return sentences;
 }
 
 void scr_TravelWatcher::Begin(const std::string& what, float share)

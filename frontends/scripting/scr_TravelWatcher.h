@@ -3,14 +3,15 @@
 #include <bat_WipWatcher.h>
 #include <chrono>
 #include <exception>
+#include <pybind11/pybind11.h>
 #include <string>
 #include <vector>
 
 class scr_Running;
 
-/// Watches one call of travel: stops it for Ctrl-C (on Python's main thread), for the end of the interpreter,
-/// and for a Python exception raised meanwhile; collects the notes. Used without the interpreter lock unless
-/// said otherwise.
+/// Watches one call with meshes: stops it for Ctrl-C (on Python's main thread), for the end of the
+/// interpreter, and for a Python exception raised meanwhile; collects the notes. Used without the interpreter
+/// lock unless said otherwise.
 class scr_TravelWatcher : public bat_Watcher
 {
 public:
@@ -25,7 +26,8 @@ public:
     /// With the interpreter lock: raises what stopped the call, if anything did.
     void RaiseFailure() const;
 
-    const std::vector<std::string>& Notes() const { return notes_; }
+    /// With the interpreter lock: the notes as Python texts.
+    pybind11::tuple NotesTuple() const;
 
     void Begin(const std::string& what, float share) override;
     void End() override;

@@ -2,13 +2,11 @@
 
 #include <annC_AnnotationContainer.h>
 #include <annC_Text.h>
-#include <bat_Console.h>
-#include <bat_Driver.h>
+#include <batch/Outcome.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <idb_MementoWrite.h>
 #include <nlohmann/json.hpp>
-#include <sstream>
 #include <testing/LibraryGuard.h>
 #include <testing/MementoMaker.h>
 #include <testing/ScratchFolder.h>
@@ -17,16 +15,6 @@ using testing::HasSubstr;
 
 namespace
 {
-/// Exit code, standard output and standard error, one behind the other.
-std::string Outcome(const std::vector<std::string>& words)
-{
-    std::ostringstream out;
-    std::ostringstream err;
-    bat_Console console{out, err};
-    const int code = static_cast<int>(bat_Driver::Run(words, console));
-    return std::to_string(code) + "\n" + out.str() + err.str();
-}
-
 TEST(Color, WhatIsShown)
 {
     EXPECT_EQ(Outcome({"color", "Sky", "blue", "--json"}),

@@ -43,6 +43,8 @@ TEST(TravelJson, KeysStandInOrderNumbersAreShortestAndWhatThereIsNotIsNull)
             R"("fixed":{"file":"wall.stl","triangles":1234,"triangle":17,"point":[1,0,1e-300]},)"
             R"("movable":{"file":"pin.off","triangles":1,"triangle":0,"point":[1,2,3.5]},)"
             R"("skipped":{"degenerate":2,"outside":1},"version":")"));
+    result.picture = "a \"b\".svg";
+    EXPECT_THAT(bat_TravelJson(result), HasSubstr(R"("outside":1},"picture":"a \"b\".svg","version":")"));
     MakeClear(result);
     result.bound = bat_TravelResult::UNLIMITED;
     EXPECT_THAT(bat_TravelJson(result), HasSubstr(R"("travel":null,"bound":null,)"));

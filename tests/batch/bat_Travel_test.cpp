@@ -237,7 +237,7 @@ TEST_F(Travel, PicturesShowPartsTravelAndContact)
         EXPECT_EQ(std::filesystem::remove(file), true);
     }
     // The answer is told all the same.
-    const std::string longName = folder / (std::string(250, 'x') + ".png");
+    const std::string longName = folder / (std::string(252, 'x') + ".png");
     const Done late = RunOrvex(Command(ABOVE, CUBE, "--dir +z --quiet --picture " + longName));
     EXPECT_EQ(late.code, 3);
     EXPECT_THAT(late.out, StartsWith("travel    4 "));

@@ -75,8 +75,9 @@ def test_sequences_index_as_the_library_says(first, last):
     if low < 3:
         assert points[first].index == low
     else:
-        with pytest.raises(orvex.IndexError, match=f"^{first}$"):
+        with pytest.raises(orvex.IndexError, match=f"^{first}$") as raised:
             points[first]
+        assert raised.value.value == first
     if low <= 3 and high <= 3:
         assert [point.index for point in points[first:last]] == list(range(low, high))
     else:
@@ -137,6 +138,7 @@ def test_commands_roots_and_constants():
     orvex.Model(name="N")
     orvex.mdb.Model("O")
     assert list(orvex.mdb.models) == ["M", "N", "O"]
+    assert {"Model", "models"} <= set(dir(orvex.mdb)) and "Model" not in dir(orvex.mdb.models["N"])
     orvex_testing.add_constant("LATE_ONE")
     from orvex import LATE_ONE, ON
     assert {"mdb", "session", "Model", "LATE_ONE"} <= set(dir(orvex))

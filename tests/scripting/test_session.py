@@ -5,6 +5,7 @@ import pathlib
 import re
 import subprocess
 import sys
+import threading
 
 import orvex
 import pytest
@@ -109,6 +110,32 @@ def test_pictures(annotations, tmp_path):
     assert annotations["T"].width > 0 < annotations["T"].height
     head = png.read_bytes()[:24]
     assert head[:8] == b"\x89PNG\r\n\x1a\n" and head[16:] == bytes([0, 0, 1, 64, 0, 0, 0, 200])
+
+
+def test_other_threads_run_while_a_picture_is_drawn(annotations, tmp_path):
+    """A switch comes only from who waits, so the thread's edit falls into a picture that lets others run."""
+    go, drawing, seen = threading.Event(), True, []
+
+    def edit():
+        go.wait()
+        annotations["T"].setValues(text="edited meanwhile")
+        seen.append(drawing)
+
+    thread = threading.Thread(target=edit)
+    thread.start()
+    interval = sys.getswitchinterval()
+    sys.setswitchinterval(1000.0)
+    try:
+        go.set()
+        for _ in range(20):
+            picture(tmp_path / "large.png", 4000, 4000)
+            if seen:
+                break
+        drawing = False
+    finally:
+        sys.setswitchinterval(interval)
+        thread.join()
+    assert seen == [True]
 
 
 def test_the_example_runs(tmp_path):

@@ -16,7 +16,8 @@ from typing import Any as _Any
 
 from . import _orvex
 from ._errors import *
-from ._orvex import Array, Command, Method, Object, Path, SymbolicConstant, Type, Value
+from ._orvex import Array, Command, Method, Object, Path, SymbolicConstant, Type, Value, __version__
+from ._mesh import MeshFlaw, MeshResult, mesh
 from ._session import open, picture, save
 from ._travel import MeshError, TravelResult, travel
 
@@ -31,6 +32,8 @@ __all__ = [
     "GuiAccessError",
     "MementoError",
     "MeshError",
+    "MeshFlaw",
+    "MeshResult",
     "Method",
     "Object",
     "OrvexError",
@@ -41,6 +44,7 @@ __all__ = [
     "TravelResult",
     "Type",
     "Value",
+    "mesh",
     "picture",
     "save",
     "travel",

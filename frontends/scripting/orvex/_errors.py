@@ -45,7 +45,9 @@ class GuiAccessError(Error):
 
 
 class IndexError(Error, _builtins.IndexError):
-    """An index outside its sequence."""
+    """An index outside its sequence; value is the index, where it is one number."""
+
+    value: int | None = None
 
 
 class KeyError(Error, _builtins.KeyError):
@@ -58,6 +60,10 @@ class MementoError(Error):
     byte is the offset in the file where that is known, else None; object is the number of the object, else 0;
     className is the class of the object.
     """
+
+    byte: int | None = None
+    object: int = 0
+    className: str = ""
 
 
 class NameError(Error, _builtins.NameError):

@@ -1,12 +1,15 @@
 from collections.abc import Callable, Iterator, Sequence
 from typing import Any, Self, final
 
+__version__: str
+
 def look_up(name: str) -> Any:
     """A root, a command or a symbolic constant of that name; raises AttributeError."""
 
 def all_names() -> list[str]: ...
 
 _travel: Callable[..., Any]
+_mesh: Callable[..., Any]
 _save: Callable[..., None]
 _open: Callable[..., None]
 _picture: Callable[..., None]

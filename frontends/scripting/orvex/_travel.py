@@ -17,7 +17,7 @@ _Point = tuple[float, float, float]
 class MeshError(_errors.Error, ValueError):
     """A mesh cannot be used: what is in a file is wrong, or what is in the arrays.
 
-    file is the file's name, or "fixed" or "movable" for arrays; line (from 1) or byte (from 0) is the place in
+    file is the file's name, or for arrays "fixed", "movable" or "part"; line (from 1) or byte (from 0) is the place in
     the file where it is known. A file that cannot be read at all raises OSError.
     """
 

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+class bat_Part;
+struct bat_MeshHealth;
+
+/// A mesh as a picture: every triangle in the colour of its class of shape factors, sharp edges dark, edges
+/// that are flaws in colours of their own; beside it the verdict, and the classes as a legend. In a build
+/// without the viewer there is none, and bat_PictureFile says it.
+class bat_MeshPicture
+{
+public:
+    /// Both must outlive the object.
+    bat_MeshPicture(const bat_Part& part, const bat_MeshHealth& health) : part_(part), health_(health) {}
+
+    /// As SVG or PNG, by the suffix. Raises bat_InputError when the file cannot be written.
+    void Save(const std::string& path) const;
+
+private:
+    // Without the viewer nobody looks at them.
+    [[maybe_unused]] const bat_Part& part_;
+    [[maybe_unused]] const bat_MeshHealth& health_;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <CLI/App.hpp>
+#include <string>
+#include <vector>
+
+/// What can stand in a subcommand's command line, as CLI11 was told of it.
+struct bat_Words
+{
+    /// The type name of an option whose value is a file: `->type_name(bat_Words::FILE)`.
+    static constexpr const char* FILE = "FILE";
+
+    struct Option
+    {
+        std::vector<std::string> names; ///< with their dashes; empty for a positional
+        std::string label;              ///< of its value, as help shows it
+        std::string description;
+        bool takesValue = true;
+        bool takesMany = false;
+        bool isFile = false;
+        std::vector<std::string> values; ///< those allowed; empty where they cannot be listed
+    };
+
+    explicit bat_Words(const CLI::App& app);
+
+    std::string name;
+    std::string description;
+    std::vector<Option> options;
+    std::vector<Option> positionals; ///< in their order
+};

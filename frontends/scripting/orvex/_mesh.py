@@ -1,0 +1,143 @@
+"""Whether a mesh is fit for use."""
+
+from __future__ import annotations
+
+import collections.abc
+from typing import Any, NamedTuple
+
+from . import _orvex
+from ._travel import _Bar, _Mesh, _Point
+
+
+class MeshFlaw(NamedTuple):
+    """A kind of flaw: how many triangles have it, or edges, and the first triangles that do, from 0.
+
+    name is "coincident", "collinear", "out of scale" or "sliver" (degenerate triangles, each counted under the
+    first that applies), "duplicate", or, counting edges, "open", "non-manifold" or "misturned".
+    """
+
+    name: str
+    count: int  # type: ignore[assignment]  # hides that of tuples, on purpose
+    triangles: tuple[int, ...]
+
+
+class MeshResult:
+    """What `mesh` found out; immutable, false for a mesh that is not fit for use.
+
+    hindrances names what makes it unfit: names of flaws, and "inside out". triangles, points (merged), edges and
+    groups are counts; largest holds the triangles of the largest groups. box is its lowest and its highest corner.
+    closed means that no edge is open; volume is None unless the mesh is closed and its triangles are turned alike.
+    mean is that of the shape factors, classes counts those in each tenth from 0 to 1, worst holds triangles with
+    the lowest ones. flaws has an entry for every kind. notes are sentences on what is odd about the part.
+
+    Of every triangle, as arrays that nobody changes: shape_factors, group_of (the number of its group) and
+    merged_triangles (its points), whose coordinates are merged_points.
+    """
+
+    __match_args__ = (
+        "hindrances", "tolerance", "triangles", "points", "edges", "groups", "largest", "box", "closed", "area",
+        "volume", "mean", "classes", "worst", "flaws", "notes",
+    )  # fmt: skip
+    _ARRAYS = ("shape_factors", "group_of", "merged_points", "merged_triangles")
+    __slots__ = __match_args__ + _ARRAYS
+
+    hindrances: tuple[str, ...]
+    tolerance: float
+    triangles: int
+    points: int
+    edges: int
+    groups: int
+    largest: tuple[int, ...]
+    box: tuple[_Point, _Point]
+    closed: bool
+    area: float
+    volume: float | None
+    mean: float
+    classes: tuple[int, ...]
+    worst: tuple[tuple[int, float], ...]
+    flaws: tuple[MeshFlaw, ...]
+    notes: tuple[str, ...]
+    shape_factors: _orvex.Array
+    group_of: _orvex.Array
+    merged_points: _orvex.Array
+    merged_triangles: _orvex.Array
+
+    def __init__(self, *fields: Any) -> None:
+        """Made by `mesh`; takes the fields in their order."""
+        for name, value in zip(self.__slots__, fields, strict=True):
+            object.__setattr__(self, name, value)
+
+    @property
+    def fit(self) -> bool:
+        return not self.hindrances
+
+    def flaw(self, name: str) -> MeshFlaw:
+        """The entry of that kind; raises KeyError for a name that is none."""
+        for entry in self.flaws:
+            if entry.name == name:
+                return entry
+        raise KeyError(name)
+
+    def _fields(self) -> tuple[Any, ...]:
+        return tuple(getattr(self, name) for name in self.__slots__)
+
+    def __bool__(self) -> bool:
+        return self.fit
+
+    def __eq__(self, other: object) -> bool:
+        if not isinstance(other, MeshResult):
+            return NotImplemented
+        return self._fields() == other._fields()
+
+    def __hash__(self) -> int:
+        return hash(tuple(getattr(self, name) for name in self.__match_args__))
+
+    def __repr__(self) -> str:
+        return f"MeshResult({', '.join(f'{name}={getattr(self, name)!r}' for name in self.__match_args__)}, ...)"
+
+    def __reduce__(self) -> tuple[Any, ...]:
+        return MeshResult, self._fields()
+
+    def __copy__(self) -> MeshResult:
+        return self
+
+    def __deepcopy__(self, memo: object) -> MeshResult:
+        return self
+
+    def __setattr__(self, name: str, value: object) -> None:
+        raise AttributeError(f"a MeshResult is immutable: {name!r} cannot be set")
+
+    def __delattr__(self, name: str) -> None:
+        raise AttributeError(f"a MeshResult is immutable: {name!r} cannot be deleted")
+
+
+def mesh(
+    part: _Mesh,
+    tolerance: float = 0.0,
+    progress: collections.abc.Callable[[float, str], object] | bool | None = None,
+    *,
+    sliver: float | None = None,
+    open: bool = False,
+    worst: int = 5,
+) -> MeshResult:
+    """Tell whether a mesh is fit for use: closed, turned alike, without degenerate or duplicate triangles.
+
+    The part is the name of a file, or a pair of buffers, as `travel` takes it. Corners closer than the tolerance
+    are one point, the first of them; with 0 those with the same coordinates are.
+
+    No triangle may have a shape factor below sliver; without it those below 1e-6 are counted, and do not hinder.
+    With open a sheet is meant: open edges do not hinder. worst is how many triangles are named of each kind.
+
+    progress, threads and Ctrl-C are as in `travel`.
+    """
+    if progress is True:
+        bar = _Bar()
+        try:
+            return mesh(part, tolerance, bar, sliver=sliver, open=open, worst=worst)
+        finally:
+            bar.close()
+    told = None if progress is False else progress
+    fields = list(_orvex._mesh(part, tolerance, told, sliver, open, worst))
+    at = MeshResult.__match_args__.index("flaws")
+    fields[at] = tuple(MeshFlaw(*entry) for entry in fields[at])
+    return MeshResult(*fields)

@@ -13,7 +13,7 @@ class gsl_Matrix;
 ///
 /// A view: it owns nothing and holds only the address. T is float or double, const for a view that reads
 /// alone. It is the spatial rotation (0, 0, s, c); the components are taken to be unit and are never
-/// normalised. Results may overlap the components and the argument.
+/// normalised. A result may be written over the components or the argument.
 template <class T>
 class OXU_EXPORT utf_Quat2dBase
 {
@@ -30,7 +30,8 @@ public:
         c_[0] = 0;
         c_[1] = 1;
     }
-    /// The turn of the new X and Y axes about z; the Z axis is taken to be (0, 0, 1).
+    /// The turn of the new X and Y axes, of any length, about z; the Z axis is taken to be (0, 0, 1). An X
+    /// axis along z leaves the turn to Y.
     void set(const gsl_Matrix& transform) const requires(!std::is_const_v<T>);
     /// From direction cosines, 2x2 or 3x3, a row an axis, as cosines() gives them. nex_PrimException with
     /// "c.Rows()==2 || c.Rows()==3", "c.Cols() == 2" (of two rows) or "c.Cols() == 3" (of three) for another
@@ -87,9 +88,10 @@ public:
     void toVector(Value* out) const
     {
         const Value t = 1 - c_[1] * c_[1];
+        const Value angle = t <= 0 ? Value(0) : c_[0] * (2 * std::acos(c_[1]) / std::sqrt(t));
         out[0] = 0;
         out[1] = 0;
-        out[2] = t <= 0 ? Value(0) : c_[0] * (2 * std::acos(c_[1]) / std::sqrt(t));
+        out[2] = angle;
     }
 
 private:

@@ -13,8 +13,8 @@ class gsl_Matrix;
 ///
 /// A view: it owns nothing and holds only the address. T is float or double, const for a view that reads
 /// alone. The components are taken to be unit and are never normalised; q and -q are the same rotation.
-/// Results may overlap the components and the argument. Formulas as in J. B. Kuipers, "Quaternions and
-/// Rotation Sequences", 1999, chapters 5 and 7.
+/// A result may be written over the components or the argument. Formulas as in J. B. Kuipers, "Quaternions
+/// and Rotation Sequences", 1999, chapters 5 and 7.
 ///
 /// With R(q) the matrix that cosines() gives, a row a turned axis:
 ///  1. R(q * r) = R(r) R(q), and R(inverse q) = transposed R(q).
@@ -66,8 +66,8 @@ public:
     }
     /// The rotation nearest to this one that differs from q by a turn about q's own axis 0, 1 or 2 (x, y, z):
     /// q times the twist of inverse(q) * this. Where that twist, before it is normalised, is shorter than
-    /// tol, every such rotation is as near, and q is taken. An axis above 2 leaves this rotation. (Swing and
-    /// twist: P. Dobrowolski, "Swing-twist decomposition in Clifford algebra", 2015.)
+    /// tol or vanishes, every such rotation is as near, and q is taken. An axis above 2 leaves this rotation.
+    /// (Swing and twist: P. Dobrowolski, "Swing-twist decomposition in Clifford algebra", 2015.)
     void projectOn(const Value* q, unsigned int axis, double tol, Value* out) const
     {
         Value result[4] = {c_[0], c_[1], c_[2], c_[3]};
@@ -78,7 +78,7 @@ public:
             utf_Quat3dBase<const Value>(between).mult(c_, between);
             const Value n = std::sqrt(between[axis] * between[axis] + between[3] * between[3]);
             Value twist[4] = {0, 0, 0, 1};
-            if (!(n < tol))
+            if (!(n < tol || n == 0))
             {
                 twist[axis] = between[axis] / n;
                 twist[3] = between[3] / n;

@@ -45,10 +45,10 @@ extern "C"
 
         tensor holds ndi direct values and nshr shears, as for utf_sprind_. Element types 21 to 25 and 88 to
        91 (a type above 1000 counts by its thousands) have engineering shears, which are halved. With more
-       than one direct value the values fall; the frame is right-handed. Tensor types 7, 8 and 9 are this
-       routine's own codes, none of res_DataTypeEnm's, for tensors that are packed to the plane: only the two
-       values in the plane are sorted, and out[3..6] holds the planar quaternion (z, w, 0, 0). With type 9 and
-       ndi = nshr = 1 the two values are s11 and s12 of a tensor whose s22 is 0. The arguments are left as
+       than one direct value the first ndi values fall; the frame is right-handed. Tensor types 7, 8 and 9 are
+       this routine's own codes, none of res_DataTypeEnm's, for tensors that are packed to the plane: only the
+       two values in the plane are sorted, and out[3..6] holds the planar quaternion (z, w, 0, 0). With type 9
+       and ndi = nshr = 1 the two values are s11 and s12 of a tensor whose s22 is 0. The arguments are left as
        they are. */
     OXU_EXPORT void utf_calprinquat_(const double* tensor, double* out, const int* elementType,
                                      const int* tensorType, const int* ndi, const int* nshr);

@@ -6,12 +6,19 @@ namespace
 {
 constexpr const char* SOURCE = "KTLOxuUtf.m/src/utf_Quat2dBase";
 
+/// An X axis of length 1: a longer one could pass for an axis along z. Zero stays zero.
+gsl_Vector Unit(const gsl_Vector& x)
+{
+    const double length = std::hypot(std::hypot(x.X(), x.Y()), x.Z());
+    return length == 0.0 ? x : gsl_Vector(x.X() / length, x.Y() / length, x.Z() / length);
+}
+
 /// From the turn about z of a rotation with these axes.
 template <class T>
 void SetFromAxes(const gsl_Vector& x, const gsl_Vector& y, T* components)
 {
     gsl_Matrix rotation;
-    rotation.SetRotationVectors(x, y, gsl_Vector(0.0, 0.0, 1.0));
+    rotation.SetRotationVectors(Unit(x), y, gsl_Vector(0.0, 0.0, 1.0));
     double aboutX = 0.0;
     double aboutY = 0.0;
     double aboutZ = 0.0;

@@ -98,8 +98,8 @@ TYPED_TEST(QuaternionOf, PlaneIsSpaceAboutZ)
         const auto q = F::Make(PLANE, {std::sin(angle / 2), std::cos(angle / 2)});
         const auto space = F::About(Z, angle);
         const gsl_Vector x = Turned(X, Z, angle) * 2, y = Turned(Y, Z, angle);
-        gsl_Matrix transform; // its Z axis has no part in it
-        transform.SetRotationVectors(x, y, X);
+        gsl_Matrix transform; // the turn is its X axis', however far that one leads out of the plane
+        transform.SetRotationVectors(x + Z * 9, X, X);
         ASSERT_TRUE(F::SameTurn(q.mult(q), space.mult(space))) << angle;
         for (const auto& back :
              {typename F::Kind(PLANE, q.quatToCosine2D()), {PLANE, q.cosines()}, {PLANE, transform}, {x, y}})
@@ -116,12 +116,18 @@ TYPED_TEST(QuaternionOf, RotationVectorsAreZeroWhereTheScalarLeavesNoAngle)
     for (const auto& q : {F::Make(SPACE, {1, 1, 1, -1}), F::Make(SPACE, {1, 1, 1, above}),
                           F::Make(PLANE, {1, above}), F::About(X, F::EPSILON < 1e-10 ? 1e-8 : 1e-4)})
         EXPECT_TRUE(Same(F::Vector(q), gsl_Vector()));
+    TypeParam c[] = {TypeParam(0.6), TypeParam(0.8), 7}; // the result over the components
+    utf_Quat2dBase<TypeParam>(c).toVector(c);
+    EXPECT_TRUE(Near(gsl_Vector(c[0], c[1], c[2]), Z * std::acos(0.28), 4 * F::EPSILON));
 }
 
 TYPED_TEST(QuaternionOf, ProjectionIsTheNearestTurnOfQAboutItsAxis)
 {
     using F = TestFixture;
     const gsl_Vector axes[] = {X, Y, Z};
+    // Apart by i, without a scalar.
+    const auto j = F::Make(SPACE, {0, 1, 0, 0}), k = F::Make(SPACE, {0, 0, 1, 0});
+    EXPECT_EQ(F::Components(k.projectOn(j, 1, 0)), F::Components(j));
     for (unsigned i = 0; i < 300; ++i)
     {
         const auto p = F::About(this->draw.Unit(), this->draw.Number(0, 7));

@@ -44,11 +44,14 @@ Principal Of(const double* s, int mode = 1, int ndi = 3, int nshr = 3)
 
 TEST(Routines, GiveAFramesQuaternionWithTheScalarFirstToo)
 {
-    const double aboutXY[] = {0, 1, 0, 1, 0, 0, 0, 0, -1}; // where x and y tie, so that the sign is chosen
+    const double aboutXY[] = {0, -1, 0, -1, 0, 0, 0, 0, -1};  // where x and y tie, so that the sign is chosen
+    const double inverted[] = {-1, 0, 0, 0, -1, 0, 0, 0, -1}; // where all tie
     double q[4], leftHanded[] = {0, 1, 0, 1, 0, 0, 0, 0, 1};
-    const int odd = -1;
+    const int odd = -1, even = 2;
+    utf_calquat_(q, inverted, &even);
+    EXPECT_THAT(q, Pointwise(DoubleNear(1e-15), {0.0, 0.0, HALF, 0.0}));
     utf_calquat_(q, aboutXY, &odd);
-    EXPECT_THAT(q, Pointwise(DoubleNear(1e-15), {0.0, HALF, HALF, 0.0}));
+    EXPECT_THAT(q, Pointwise(DoubleNear(1e-15), {0.0, -HALF, HALF, 0.0}));
     utf_getquat_(q, leftHanded);
     EXPECT_THAT(leftHanded, ElementsAre(0, 1, 0, -1, 0, 0, 0, 0, 1)); // the caller's own array
 }

@@ -56,6 +56,3 @@ OXU_EXPORT const omu_EnumEntry omu_PrimEnum<mdl_PropagationStatusEnm, 1>::table[
 [[nodiscard]] OXU_EXPORT bool mdl_activePropagationStatus(mdl_PropagationStatusEnm status);
 /// DEACTIVATED, NO_LONGER_ACTIVE or DEACTIVATED_FROM_BASE_STATE.
 [[nodiscard]] OXU_EXPORT bool mdl_deactivatedPropagationStatus(mdl_PropagationStatusEnm status);
-
-/// Gives every name above an id in the symbolic-constant table, where it has none.
-void mdl_RegisterConstants();

@@ -1,10 +1,10 @@
 #include <KTLOxuMdl.h>
 #include <mdl_ArchEntry.h>
-#include <mdl_Enumerations.h>
 #include <mdl_Extension.h>
 #include <mdl_JaggedArray.h>
 #include <mdl_PropagatingAttribute.h>
 #include <mdl_PropertyTable.h>
+#include <mdl_RegisterConstants.h>
 #include <mdl_Repository.h>
 #include <oxu_Component.h>
 #include <oxu_DeclareClasses.h>

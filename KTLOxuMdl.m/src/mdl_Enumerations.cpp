@@ -1,7 +1,6 @@
 #include <concepts>
 #include <cstdint>
 #include <mdl_Enumerations.h>
-#include <omu_SymbolicConstantTable.h>
 
 namespace
 {
@@ -78,11 +77,4 @@ bool mdl_activePropagationStatus(Status status)
 bool mdl_deactivatedPropagationStatus(Status status)
 {
     return IsIn(DEACTIVATED, status);
-}
-
-void mdl_RegisterConstants()
-{
-    omu_SymbolicConstantTable& constants = omu_SymbolicConstantTable::Instance();
-    for (const omu_EnumEntry* table : {omu_PrimEnum<State, 1>::table, omu_PrimEnum<Status, 1>::table})
-        constants.AddNames(table);
 }

@@ -12,8 +12,15 @@ struct Corners
 {
     double a[3], b[3], c[3];
 
-    double Area(bool planar) const { return gsl_ComputeAreaTri(a, b, c, planar); }
-    double Factor(bool planar) const { return gsl_ComputeShapeFactorTri(a, b, c, planar); }
+    // By points: these forms forward to those by arrays.
+    double Area(bool planar) const
+    {
+        return gsl_ComputeAreaTriByPts(gsl_Point(a), gsl_Point(b), gsl_Point(c), planar);
+    }
+    double Factor(bool planar) const
+    {
+        return gsl_ComputeShapeFactorTriByPnts(gsl_Point(a), gsl_Point(b), gsl_Point(c), planar);
+    }
 };
 
 Corners Equilateral(double side)
@@ -43,6 +50,9 @@ TEST(TriangleQuality, AgreesWithHeronsFormula)
         EXPECT_NEAR(gsl_ComputeRadiusTri(t.a, t.b, t.c, double(area)), double(radius),
                     1e-13 * double(radius));
         EXPECT_NEAR(t.Factor(false), factor, factor > 0.01 ? 1e-4 * factor : 1e-5);
+        const uti_Coord3D p(t.a[0], t.a[1], t.a[2]), q(t.b[0], t.b[1], t.b[2]), r(t.c[0], t.c[1], t.c[2]);
+        EXPECT_EQ(gsl_ComputeAreaTriByCoords(p, q, r, true), t.Area(true));
+        EXPECT_EQ(gsl_ComputeShapeFactorTriByCoords(p, q, r, true), t.Factor(true));
     }
 }
 

@@ -57,10 +57,22 @@ TEST(PropAttr, KeepsItsOddRules)
 {
     mdl_PropInt given(7);
     EXPECT_TRUE(given == State::UNSET && given == 7) << "constructed is not SET";
-    static_cast<void>(given.Get());
-    EXPECT_TRUE(given == State::SET) << "access for writing alone sets";
     given = State::ABS_DEFAULT;
-    EXPECT_TRUE(given == 7 && given != State::SET) << "an enumerator is a state, not the number 6";
+    EXPECT_TRUE(given == 7 && given == State::ABS_DEFAULT) << "an enumerator is a state, not the number 6";
+}
+
+TEST(PropagationStatus, IsInTheSetsOfItsNumberAndNoOtherNumberInAny)
+{
+    // From NOT_YET_ACTIVE to PROPAGATED_FROM_FREQUENCY: the sum of 1 general, 2 active, 4 deactivated.
+    const std::string sets = "13335500222420002";
+    for (int number = -70; number < 140; ++number)
+    {
+        const auto status = mdl_PropagationStatusEnm(number);
+        EXPECT_EQ(mdl_generalAnalysisStatus(status) + 2 * mdl_activePropagationStatus(status) +
+                      4 * mdl_deactivatedPropagationStatus(status),
+                  number >= 0 && number < 17 ? sets[static_cast<std::size_t>(number)] - '0' : 0)
+            << number;
+    }
 }
 
 // What an attribute of 5 UNCHANGED comes to, which need not be given; a fault leaves it.

@@ -140,7 +140,14 @@ public:
     void Install()
     {
         struct stat old = {};
-        const mode_t mode = stat(target_.c_str(), &old) == 0 ? old.st_mode & 07777 : ModeForNewFile();
+        const bool isThere = stat(target_.c_str(), &old) == 0;
+        // A device, a pipe: it would be gone, a plain file in its place.
+        if (isThere && !S_ISREG(old.st_mode) && !S_ISDIR(old.st_mode))
+        {
+            errno = EINVAL;
+            Refuse("replace what is no file");
+        }
+        const mode_t mode = isThere ? old.st_mode & 07777 : ModeForNewFile();
         if (fchmod(file_.Number(), mode) != 0)
             Refuse("set the permissions");
         if (Again([&] { return fsync(file_.Number()); }) != 0)

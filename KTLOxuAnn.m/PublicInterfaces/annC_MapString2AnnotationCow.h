@@ -10,6 +10,9 @@ class OXU_EXPORT annC_MapString2AnnotationCow
 {
 public:
     annC_MapString2AnnotationCow() : body_(new annC_MapString2AnnotationCowImpl) {}
+    // Moving shares too: a handle is never without a map.
+    annC_MapString2AnnotationCow(const annC_MapString2AnnotationCow&) = default;
+    annC_MapString2AnnotationCow& operator=(const annC_MapString2AnnotationCow&) = default;
     annC_MapString2AnnotationCow(const cls_ReadVisitor& reader, const cls_FieldHandle& field)
         : body_(new annC_MapString2AnnotationCowImpl(reader, field))
     {}

@@ -45,10 +45,12 @@ annC_MapString2AnnotationCowImpl::annC_MapString2AnnotationCowImpl(const cls_Rea
 
 void annC_MapString2AnnotationCowImpl::PushFront(const cow_String& name, const annC_AnnotationCow& annotation)
 {
-    const annC_PairStringAnnotation pair{name, annotation};
     Reserve(Size() + 1);
-    static_cast<void>(Remove(name));
-    Enter(list_.InsertAfter(nullptr, pair, nextId_++));
+    Node* node = list_.InsertAfter(nullptr, {name, annotation}, nextId_++);
+    // The former one goes when nothing can go wrong any more.
+    if (Node* former = NodeOf(name); former != nullptr)
+        Drop(former);
+    Enter(node);
 }
 
 bool annC_MapString2AnnotationCowImpl::ChangeKey(const cow_String& from, const cow_String& to)

@@ -33,9 +33,9 @@ public:
     idb_ObjectFrame(const idb_ObjectFrame&) = delete;
     idb_ObjectFrame& operator=(const idb_ObjectFrame&) = delete;
 
-    /// Takes the body apart. What disagrees with itself or with the classes raises idb_MementoException, data
-    /// that is not there bio_DataException.
-    void Open(const idb_StoredMemento& stored, const idb_MementoLimits& limits, std::uint32_t number);
+    /// Takes the body apart, on the memento's budget. What disagrees with itself or with the classes raises
+    /// idb_MementoException, data that is not there bio_DataException.
+    void Open(idb_StoredMemento& stored, const idb_MementoLimits& limits, std::uint32_t number);
 
     idb_MementoRead& Memento() const { return memento_; }
     const idb_StoredMemento& Stored() const { return *stored_; }
@@ -65,7 +65,7 @@ private:
     void FindLevels();
 
     idb_MementoRead& memento_;
-    const idb_StoredMemento* stored_ = nullptr;
+    idb_StoredMemento* stored_ = nullptr;
     std::uint32_t number_ = 0;
     std::vector<idb_StoredPart> parts_; // base first
     std::vector<int> levels_;           // by level, the place in parts_ or -1

@@ -5,9 +5,11 @@
 
 namespace
 {
-// A run from this length on stays a block of its own; a block of short ones has this room.
+// A run from this length on stays a block of its own.
 constexpr std::size_t LONG_RUN = 1u << 16;
-constexpr std::size_t BLOCK = 1u << 20;
+// A block of short ones has twice the room of the one right before it: little stays empty between long runs.
+constexpr std::size_t FIRST_BLOCK = 1u << 12;
+constexpr std::size_t LARGEST_BLOCK = 1u << 20;
 // What is copied and summed at a time: it fits into the first cache.
 constexpr std::size_t PASS = 1u << 14;
 }
@@ -19,7 +21,9 @@ void idb_ByteChunks::Append(std::span<const unsigned char> bytes)
     length_ += bytes.size();
     if (!lastIsOpen_ || chunks_.back().own.capacity() - chunks_.back().own.size() < bytes.size())
     {
-        chunks_.emplace_back().own.reserve(std::max(bytes.size(), length_ < BLOCK ? LONG_RUN : BLOCK));
+        const std::size_t room =
+            lastIsOpen_ ? std::min(2 * chunks_.back().own.capacity(), LARGEST_BLOCK) : FIRST_BLOCK;
+        chunks_.emplace_back().own.reserve(std::max(bytes.size(), room));
         lastIsOpen_ = true;
     }
     chunks_.back().own.insert(chunks_.back().own.end(), bytes.begin(), bytes.end());

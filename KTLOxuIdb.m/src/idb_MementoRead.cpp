@@ -35,9 +35,9 @@ constexpr const char* WRONG_POINTER = "Error reading object ptr for %x does not 
 constexpr std::uint64_t OBJECT_COST = 256;
 constexpr std::uint64_t REFERENCE_COST = 24;
 constexpr std::size_t TEXT_COST = 40;
-constexpr std::size_t PAIR_COST = 64;
-// The table of an object's attributes, by byte of its body.
-constexpr std::uint64_t BODY_FACTOR = 5;
+constexpr std::size_t PAIR_COST = 72;
+template <class T>
+constexpr std::size_t TEXT_COST_OF = std::is_same_v<T, cow_String> ? TEXT_COST : 0;
 
 const cls_ClassRegistrar& Registrar()
 {
@@ -239,7 +239,7 @@ std::unique_ptr<cls_Persistent> idb_MementoRead::Create(std::uint32_t number)
     if (body.depth == body.limits.depth)
         idb_Fault::Raise(SOURCE, __LINE__, place(), idb_Fault::READ_LIMIT, idb_Fault::DEPTH);
     Charge(OBJECT_COST);
-    Charge(BODY_FACTOR * object.length);
+    Charge(object.length);
     while (body.frames.size() <= body.depth)
         body.frames.emplace_back(*this);
     idb_ObjectFrame& frame = body.frames[body.depth];
@@ -343,9 +343,8 @@ template <idb_ListElement T>
 std::unique_ptr<idb_ReadListPrim<T>> idb_MementoRead::MakeReadListPrim(const T&)
 {
     using Traits = idb_ElementTraits<T>;
-    constexpr std::size_t COST = std::is_same_v<T, cow_String> ? TEXT_COST : 0;
     auto reader = MakeCollection<idb_ReadListPrim<T>>({Traits::LIST, Traits::ARRAY}, Traits::NO_LIST,
-                                                      Traits::BYTES, COST);
+                                                      Traits::BYTES, TEXT_COST_OF<T>);
     if (reader)
         RequireTexts(reader->Elements());
     return reader;
@@ -355,8 +354,9 @@ template <idb_MapElement T>
 std::unique_ptr<idb_ReadMapInt2Prim<T>> idb_MementoRead::MakeReadMapInt2Prim(const T&)
 {
     using Traits = idb_ElementTraits<T>;
-    auto reader = MakeCollection<idb_ReadMapInt2Prim<T>>(
-        {Traits::MAP_INT}, Traits::NO_MAP_INT, idb_ElementTraits<int>::BYTES + Traits::BYTES, PAIR_COST);
+    auto reader = MakeCollection<idb_ReadMapInt2Prim<T>>({Traits::MAP_INT}, Traits::NO_MAP_INT,
+                                                         idb_ElementTraits<int>::BYTES + Traits::BYTES,
+                                                         PAIR_COST + TEXT_COST_OF<T>);
     if (reader)
         RequireTexts(reader->Values());
     return reader;
@@ -368,7 +368,7 @@ std::unique_ptr<idb_ReadMapString2Prim<T>> idb_MementoRead::MakeReadMapString2Pr
     using Traits = idb_ElementTraits<T>;
     auto reader = MakeCollection<idb_ReadMapString2Prim<T>>(
         {Traits::MAP_STRING}, Traits::NO_MAP_STRING, idb_ElementTraits<cow_String>::BYTES + Traits::BYTES,
-        PAIR_COST + TEXT_COST);
+        PAIR_COST + TEXT_COST + TEXT_COST_OF<T>);
     if (reader)
     {
         RequireTexts(reader->Keys());
@@ -410,8 +410,8 @@ idb_MementoRead::MakeReadMapString2Prim(const cow_String&);
 
 std::unique_ptr<idb_ReadListObj> idb_MementoRead::MakeReadListObj()
 {
-    return MakeCollection<idb_ReadListObj>({Code::LIST_OBJ}, NO_LIST_OBJ, sizeof(std::uint32_t),
-                                           REFERENCE_COST);
+    // Numbers take what they take in the memento; ReadObjPtr charges what they refer to.
+    return MakeCollection<idb_ReadListObj>({Code::LIST_OBJ}, NO_LIST_OBJ, sizeof(std::uint32_t), 0);
 }
 
 std::unique_ptr<idb_ReadMapInt2Obj> idb_MementoRead::MakeReadMapInt2Obj()

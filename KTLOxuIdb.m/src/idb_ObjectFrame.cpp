@@ -3,16 +3,19 @@
 #include <idb_Fault.h>
 #include <idb_ObjectFrame.h>
 
+#include <algorithm>
 #include <cstring>
 
 namespace
 {
 constexpr const char* SOURCE = "KTLOxuIdb.m/src/idb_ObjectFrame";
 using idb_Fault::Text;
+
+// What a vector may take while it grows, in lengths of its own.
+constexpr std::size_t GROWTH = 3;
 }
 
-void idb_ObjectFrame::Open(const idb_StoredMemento& stored, const idb_MementoLimits& limits,
-                           std::uint32_t number)
+void idb_ObjectFrame::Open(idb_StoredMemento& stored, const idb_MementoLimits& limits, std::uint32_t number)
 {
     stored_ = &stored;
     number_ = number;
@@ -90,6 +93,10 @@ void idb_ObjectFrame::OpenPart(bio_Ifilter& in)
     rest.Read(count);
     part.firstAttribute = attributes_.size();
     part.attributeCount = count;
+    idb_Budget& budget = stored_->Budget();
+    budget.Charge(GROWTH * sizeof part);
+    budget.Charge(std::min<std::uint64_t>(count, rest.Left() / idb_MementoFormat::ATTRIBUTE_HEAD_BYTES),
+                  GROWTH * sizeof(idb_PartAttribute));
     ++partsSeen_;
     if (seen_.size() < partClass.attributes.size())
         seen_.resize(partClass.attributes.size());

@@ -10,7 +10,7 @@
 /// lead from one state of the collection to the other.
 ///
 /// It belongs to the object, not to its contents: a copy is a source of its own, and one that is assigned to
-/// becomes a new source.
+/// becomes a new source. So does one whose post raises, since a listener did or memory ran out.
 class OXU_EXPORT omu_DeltaSource
 {
 public:

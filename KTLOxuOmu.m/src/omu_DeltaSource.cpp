@@ -10,5 +10,14 @@ void omu_DeltaSource::Restart() noexcept
 void omu_DeltaSource::Post(omu_Delta::KindEnm kind, const cow_String& name, const cow_String& newName,
                            int index)
 {
-    omu_ChangeHistory::Instance().addChange(omu_Delta{name, newName, kind, index, uid_, ++posted_});
+    try
+    {
+        omu_ChangeHistory::Instance().addChange(omu_Delta{name, newName, kind, index, uid_, ++posted_});
+    }
+    catch (...)
+    {
+        // What was to be posted next will not be, although the collection has changed.
+        Restart();
+        throw;
+    }
 }

@@ -28,6 +28,8 @@ omu_SymbolicConstantTable::omu_SymbolicConstantTable()
 
 omu_SymbolicConstantTable::~omu_SymbolicConstantTable() = default;
 
+// Names and constants come by value: callers are linked to these signatures.
+// NOLINTBEGIN(performance-unnecessary-value-param)
 unsigned int omu_SymbolicConstantTable::AddString(cow_String key)
 {
     if (key.IsEmpty())
@@ -129,6 +131,7 @@ void omu_SymbolicConstantTable::CreatePythonSymbolicConstant(cow_String name, in
     std::fprintf(stderr, "omu_SymbolicConstantTable::CreatePythonSymbolicConstant('%s', %d) ignored\n",
                  name.AsCharPtr(), id);
 }
+// NOLINTEND(performance-unnecessary-value-param)
 
 unsigned int omu_SymbolicConstantTable::Append(const cow_String& key)
 {

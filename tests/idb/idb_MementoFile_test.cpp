@@ -96,7 +96,11 @@ TEST_F(MementoFile, FollowsLinksAndTakesNamesAsLongAsNamesMayBe)
                      ": follow the symbolic link: Too many levels of symbolic links");
     const std::string name = folder_ / std::string(255, 'n');
     Save(name, "long");
-    EXPECT_TRUE(Saved(name) == "long" && FilesThere() == 5);
+    const std::string pipe = folder_ / "pipe";
+    EXPECT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_RAISE(Save(pipe, "x"), idb_MementoException,
+                 "idb_MementoWrite: cannot write " + pipe + ": replace what is no file: Invalid argument");
+    EXPECT_TRUE(Saved(name) == "long" && fs::is_fifo(pipe) && FilesThere() == 6);
 }
 
 // Killed at any moment, it leaves the old file or the new one.

@@ -389,6 +389,19 @@ TEST_F(Memento, LimitsOfWriterAndReaderAgree)
     agree(&idb_MementoLimits::attributes, 4);
     agree(&idb_MementoLimits::depth, 12);
     agree(&idb_MementoLimits::text, 20);
+    // References that cost a few bytes each, and no more than that.
+    idb_MementoLimits meagre;
+    meagre.budgetBase = 1000;
+    omu_PrimList nulls(0, 0);
+    omu_PrimDictionary<int> byNumber;
+    for (int i = 0; i < 1000; ++i)
+    {
+        nulls.Put(static_cast<omu_Primitive*>(nullptr));
+        byNumber.Put(i, static_cast<omu_Primitive*>(nullptr));
+    }
+    const Bytes bytes =
+        Written([&](idb_MementoWrite& memento) { memento.Add("a", TupleOf(nulls, byNumber)); });
+    EXPECT_NO_THROW(idb_MementoRead(bytes, meagre).Root("a"));
 }
 
 // The class counts that announces itself: constants without metadata are stored as plain ones.

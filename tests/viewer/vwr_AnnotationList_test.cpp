@@ -4,7 +4,9 @@
 #include <annC_Arrow.h>
 #include <functional>
 #include <gtest/gtest.h>
+#include <new>
 #include <omu_ChangeHistory.h>
+#include <omu_ChangeListener.h>
 #include <random>
 #include <thread>
 #include <vwr_AnnotationList.h>
@@ -47,10 +49,24 @@ void Disturb(annC_AnnotationContainer& container, const annC_AnnotationContainer
                 container.SendToBack(container.Keys().Get(0));
         }).join();
     };
-    const std::function<void()> ways[] = {[&] { container.Clear(); }, [&] { container = other; },
-                                          [] { omu_ChangeHistory::Instance().Clear(); }, overflow,
-                                          reorderElsewhere};
-    ways[random() % 5]();
+    // The removal is posted, and the insertion that follows it is not.
+    const auto moveHalf = [&container] {
+        struct : omu_ChangeListener
+        {
+            void Changed(const omu_PrimTuple&) override { throw std::bad_alloc(); }
+        } failing;
+        omu_ChangeHistory::Instance().Listen(&failing);
+        for (const cow_String& name : container.Keys())
+            EXPECT_THROW(container.BringToFront(name), std::bad_alloc);
+        omu_ChangeHistory::Instance().Listen(nullptr);
+    };
+    const std::function<void()> ways[] = {[&] { container.Clear(); },
+                                          [&] { container = other; },
+                                          [] { omu_ChangeHistory::Instance().Clear(); },
+                                          overflow,
+                                          reorderElsewhere,
+                                          moveHalf};
+    ways[random() % 6]();
 }
 
 TEST(AnnotationList, DeltasOfRandomEditsGiveTheContainersOrder)

@@ -118,15 +118,29 @@ function(orvex_library)
     set(documents ${CMAKE_INSTALL_DATADIR}/doc)
     install(FILES ${PROJECT_SOURCE_DIR}/CHANGELOG.md DESTINATION ${documents}/libktloxugeom${PROJECT_VERSION_MAJOR}
             COMPONENT runtime)
-    install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${documents}/libktloxugeom-dev COMPONENT development)
-    install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${documents}/libktloxugeom-dev COMPONENT development
-            FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg)
+    # The pages with all that they lead to, in the same places.
+    set(documents ${documents}/libktloxugeom-dev)
+    foreach(page IN ITEMS README.md CHANGELOG.md CONTRIBUTING.md benchmarks/README.md)
+        cmake_path(GET page PARENT_PATH folder)
+        install(FILES ${PROJECT_SOURCE_DIR}/${page} DESTINATION ${documents}/${folder} COMPONENT development)
+    endforeach()
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples DESTINATION ${documents}
+            COMPONENT development
+            FILES_MATCHING REGEX "\\.(md|png|svg|cpp|py|stl|obj|off)$" PATTERN CMakeLists.txt)
+endfunction()
+
+# orvex_precompile(<target> ...): target_precompile_headers, except with ccache, which keeps nothing that was compiled
+# with one.
+function(orvex_precompile target)
+    if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
+        target_precompile_headers(${target} ${ARGN})
+    endif()
 endfunction()
 
 # orvex_tests(<folder> MODULES ... [LINKS ...]): the program orvex_test_<folder> from every *_test.cpp there.
 # It links the objects of the modules named, so that classes hidden in the shared library are tested too.
 # ORVEX_TEST_FLAGS are options of the test programs alone, what they test is compiled without them. All programs share
-# one precompiled header, except with ccache, which keeps nothing that was compiled with one.
+# one precompiled header.
 function(orvex_tests folder)
     cmake_parse_arguments(ARG "" "" "MODULES;LINKS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*_test.cpp)
@@ -142,12 +156,10 @@ function(orvex_tests folder)
         target_link_libraries(${program} PRIVATE KTLOxu${module})
         target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR}/KTLOxu${module}.m/LocalInterfaces)
     endforeach()
-    if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
-        if(TARGET orvex_test_base AND NOT folder STREQUAL "base")
-            target_precompile_headers(${program} REUSE_FROM orvex_test_base)
-        else()
-            target_precompile_headers(${program} PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
-        endif()
+    if(TARGET orvex_test_base AND NOT folder STREQUAL "base")
+        orvex_precompile(${program} REUSE_FROM orvex_test_base)
+    else()
+        orvex_precompile(${program} PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
     endif()
     gtest_discover_tests(${program} TEST_PREFIX ${folder}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
                          PROPERTIES TIMEOUT 600 LABELS ${folder})

@@ -1,11 +1,11 @@
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
 #include <algorithm>
 #include <bat_ClassTree.h>
 #include <bat_ClassesCommand.h>
 #include <bat_CodeName.h>
 #include <bat_Console.h>
 #include <bat_ConsoleReporter.h>
+#include <bat_JsonText.h>
+#include <bat_OptionSet.h>
 #include <bat_Session.h>
 #include <iomanip>
 #include <nlohmann/json.hpp>
@@ -132,11 +132,11 @@ const char* bat_ClassesCommand::Footer() const
            "  orvex classes omu_PrimEnumBase --json";
 }
 
-void bat_ClassesCommand::Declare(CLI::App& app)
+void bat_ClassesCommand::Declare(bat_OptionSet& options)
 {
-    app.add_option("NAME", name_, "a class, with its ancestors and descendants (all)")->option_text(" ");
-    app.add_flag("--brief", brief_, "leave the attributes out");
-    app.add_flag("--json", json_, "print one line of JSON, attributes included");
+    options.Value("NAME", name_, "a class, with its ancestors and descendants (all)", {});
+    options.Flag("--brief", brief_, "leave the attributes out");
+    options.Flag("--json", json_, "print one line of JSON, attributes included");
 }
 
 bat_ExitCode bat_ClassesCommand::Run(const bat_Console& console)
@@ -145,7 +145,7 @@ bat_ExitCode bat_ClassesCommand::Run(const bat_Console& console)
     const bat_Session session(reporter);
     const bat_ClassTree tree = name_.empty() ? bat_ClassTree::All() : bat_ClassTree::Around(name_);
     if (json_)
-        console.out << AsJson(tree).dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+        console.out << bat_JsonText(AsJson(tree)) << '\n';
     else
         Print(console.out, tree, brief_);
     return bat_ExitCode::DONE;

@@ -1,11 +1,11 @@
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
 #include <bat_ColorCommand.h>
 #include <bat_Console.h>
 #include <bat_ConsoleReporter.h>
 #include <bat_InputError.h>
+#include <bat_JsonText.h>
 #include <bat_NearestNames.h>
 #include <bat_Number.h>
+#include <bat_OptionSet.h>
 #include <bat_PlainText.h>
 #include <bat_Session.h>
 #include <bat_UsageError.h>
@@ -132,11 +132,11 @@ const char* bat_ColorCommand::Footer() const
            "  orvex color --list";
 }
 
-void bat_ColorCommand::Declare(CLI::App& app)
+void bat_ColorCommand::Declare(bat_OptionSet& options)
 {
-    app.add_option("NAME", words_, "the name of a colour, or #RRGGBB, hexadecimal")->option_text(" ");
-    app.add_flag("--list", list_, "list all colours that have a name");
-    app.add_flag("--json", json_, "print one line of JSON");
+    options.Values("NAME", words_, "the name of a colour, or #RRGGBB, hexadecimal", {});
+    options.Flag("--list", list_, "list all colours that have a name");
+    options.Flag("--json", json_, "print one line of JSON");
 }
 
 bat_ExitCode bat_ColorCommand::Run(const bat_Console& console)
@@ -169,7 +169,7 @@ bat_ExitCode bat_ColorCommand::Run(const bat_Console& console)
                            {"bytes", color.bytes},
                            {"hsv", color.hsv}});
         const Json json = {{"schema", SCHEMA}, {"colors", all}};
-        console.out << json.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+        console.out << bat_JsonText(json) << '\n';
     }
     else if (list_)
         for (const Shown& color : colors)

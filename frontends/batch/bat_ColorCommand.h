@@ -11,7 +11,7 @@ public:
     const char* Name() const override { return "color"; }
     const char* Summary() const override;
     const char* Footer() const override;
-    void Declare(CLI::App& app) override;
+    void Declare(bat_OptionSet& options) override;
     bat_ExitCode Run(const bat_Console& console) override;
 
 private:

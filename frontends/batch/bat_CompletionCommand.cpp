@@ -1,9 +1,7 @@
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
-#include <CLI/Validators.hpp>
 #include <bat_BashCompletion.h>
 #include <bat_CompletionCommand.h>
 #include <bat_Console.h>
+#include <bat_OptionSet.h>
 #include <bat_ZshCompletion.h>
 #include <ostream>
 
@@ -29,21 +27,15 @@ const char* bat_CompletionCommand::Footer() const
            "  orvex completion zsh > _orvex";
 }
 
-void bat_CompletionCommand::Declare(CLI::App& app)
+void bat_CompletionCommand::Declare(bat_OptionSet& options)
 {
-    app_ = &app;
-    app.add_option("SHELL", shell_, "bash or zsh")
-        ->required()
-        ->check(CLI::IsMember({BASH, ZSH}))
-        ->option_text(" ");
+    app_ = &options.App();
+    options.Value("SHELL", shell_, "bash or zsh", {.required = true, .values = {BASH, ZSH}});
 }
 
 bat_ExitCode bat_CompletionCommand::Run(const bat_Console& console)
 {
-    const CLI::App& program = *app_->get_parent();
-    std::vector<bat_Words> subcommands;
-    for (const CLI::App* subcommand : program.get_subcommands({}))
-        subcommands.emplace_back(*subcommand);
-    console.out << (shell_ == BASH ? bat_BashCompletion : bat_ZshCompletion)(bat_Words(program), subcommands);
+    const auto [program, subcommands] = bat_Words::OfProgram(*app_);
+    console.out << (shell_ == BASH ? bat_BashCompletion : bat_ZshCompletion)(program, subcommands);
     return bat_ExitCode::DONE;
 }

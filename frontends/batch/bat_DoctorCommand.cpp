@@ -1,11 +1,11 @@
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
 #include <algorithm>
 #include <bat_Console.h>
 #include <bat_ConsoleReporter.h>
 #include <bat_Diagnosis.h>
 #include <bat_DoctorCommand.h>
+#include <bat_JsonText.h>
 #include <bat_Number.h>
+#include <bat_OptionSet.h>
 #include <bat_PlainText.h>
 #include <bat_Session.h>
 #include <cctype>
@@ -33,6 +33,8 @@ std::string Key(const std::string& label)
             key += static_cast<char>(begins && !key.empty() ? std::toupper(letter)
                                      : key.empty()          ? std::tolower(letter)
                                                             : letter);
+        else if (c == '+')
+            key += 'p'; // "C++ library" is another than "C library"
         begins = c == ' ';
     }
     return key;
@@ -106,9 +108,9 @@ const char* bat_DoctorCommand::Footer() const
            "  orvex doctor --json";
 }
 
-void bat_DoctorCommand::Declare(CLI::App& app)
+void bat_DoctorCommand::Declare(bat_OptionSet& options)
 {
-    app.add_flag("--json", json_, "print one line of JSON");
+    options.Flag("--json", json_, "print one line of JSON");
 }
 
 bat_ExitCode bat_DoctorCommand::Run(const bat_Console& console)
@@ -118,8 +120,7 @@ bat_ExitCode bat_DoctorCommand::Run(const bat_Console& console)
     const std::vector<bat_Diagnosis::Section> sections = bat_Diagnosis::Take(console);
     const std::vector<bat_SelfTest::Finding> findings = bat_SelfTest::Run(checks_);
     if (json_)
-        console.out << AsJson(sections, findings).dump(-1, ' ', false, Json::error_handler_t::replace)
-                    << '\n';
+        console.out << bat_JsonText(AsJson(sections, findings)) << '\n';
     else
     {
         Print(console.out, sections);

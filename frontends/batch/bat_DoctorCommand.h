@@ -14,7 +14,7 @@ public:
     const char* Name() const override { return "doctor"; }
     const char* Summary() const override;
     const char* Footer() const override;
-    void Declare(CLI::App& app) override;
+    void Declare(bat_OptionSet& options) override;
     /// INTERNAL when a check fails.
     bat_ExitCode Run(const bat_Console& console) override;
 

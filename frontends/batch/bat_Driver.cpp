@@ -8,6 +8,8 @@
 #include <bat_Interrupt.h>
 #include <bat_Interrupted.h>
 #include <bat_MeshError.h>
+#include <bat_NearestNames.h>
+#include <bat_OptionSet.h>
 #include <bat_PlainText.h>
 #include <bat_Registry.h>
 #include <bat_UsageError.h>
@@ -38,6 +40,11 @@ bool Parse(CLI::App& app, std::vector<std::string> arguments, const bat_Console&
         app.exit(asked, console.out, console.err);
         return false;
     }
+    catch (const CLI::ArgumentMismatch& error)
+    {
+        const std::string sentence = error.what(); // "NAME: ", then how many were counted
+        throw bat_UsageError(sentence.substr(0, sentence.find(':')) + ": takes one value, and is given once");
+    }
     catch (const CLI::ParseError& error)
     {
         throw bat_UsageError(error.what());
@@ -63,7 +70,8 @@ bat_ExitCode Dispatch(std::vector<std::string> arguments, const bat_Console& con
         CLI::App* sub = app.add_subcommand(command->Name(), command->Summary());
         sub->set_version_flag("--version", version, "print the version");
         sub->footer(command->Footer());
-        command->Declare(*sub);
+        bat_OptionSet options(*sub);
+        command->Declare(options);
     }
     if (arguments.empty())
     {
@@ -76,11 +84,19 @@ bat_ExitCode Dispatch(std::vector<std::string> arguments, const bat_Console& con
     try
     {
         if (asked == commands.end() && arguments.front().rfind('-', 0) != 0)
-            throw bat_UsageError(arguments.front() + ": no such subcommand");
+        {
+            bat_NearestNames nearest(arguments.front());
+            for (const auto& command : commands)
+                nearest.Offer(command->Name());
+            const std::string hint = nearest.Hint();
+            throw bat_UsageError(arguments.front() + ": no such subcommand" +
+                                 (hint.empty() ? "" : "." + hint));
+        }
+        if (asked == commands.end() && arguments.front() != "--version" && arguments.front() != "--help" &&
+            arguments.front() != "-h")
+            throw bat_UsageError(arguments.front() + ": the subcommand must come first");
         if (!Parse(app, std::move(arguments), console))
             return bat_ExitCode::DONE;
-        if (asked == commands.end())
-            throw bat_UsageError("the subcommand must come first");
         return (*asked)->Run(console);
     }
     catch (const bat_UsageError& error)

@@ -1,11 +1,11 @@
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
 #include <algorithm>
 #include <bat_Console.h>
 #include <bat_ConsoleReporter.h>
 #include <bat_InputError.h>
+#include <bat_JsonText.h>
 #include <bat_MementoCommand.h>
 #include <bat_Number.h>
+#include <bat_OptionSet.h>
 #include <bat_PlainText.h>
 #include <bat_Session.h>
 #include <bat_Words.h>
@@ -144,10 +144,10 @@ const char* bat_MementoCommand::Footer() const
            "  orvex memento session.oxm --json";
 }
 
-void bat_MementoCommand::Declare(CLI::App& app)
+void bat_MementoCommand::Declare(bat_OptionSet& options)
 {
-    app.add_option("FILE", file_, "the memento")->required()->type_name(bat_Words::FILE)->option_text(" ");
-    app.add_flag("--json", json_, "print one line of JSON");
+    options.Value("FILE", file_, "the memento", {.required = true, .isFile = true});
+    options.Flag("--json", json_, "print one line of JSON");
 }
 
 bat_ExitCode bat_MementoCommand::Run(const bat_Console& console)
@@ -156,7 +156,7 @@ bat_ExitCode bat_MementoCommand::Run(const bat_Console& console)
     const bat_Session session(reporter);
     const idb_MementoSummary memento = Read(file_);
     if (json_)
-        console.out << AsJson(file_, memento).dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+        console.out << bat_JsonText(AsJson(file_, memento)) << '\n';
     else
         Print(console.out, file_, memento);
     return bat_ExitCode::DONE;

@@ -10,7 +10,7 @@ public:
     const char* Name() const override { return "memento"; }
     const char* Summary() const override;
     const char* Footer() const override;
-    void Declare(CLI::App& app) override;
+    void Declare(bat_OptionSet& options) override;
     bat_ExitCode Run(const bat_Console& console) override;
 
 private:

@@ -68,18 +68,20 @@ double FactorOfAnySize(const double* corners)
     return SIXTEEN_OVER_EQUILATERAL * area * area * area / (Dot(u, u) * Dot(v, v) * Dot(w, w));
 }
 
-/// Six times that of the tetrahedra that the triangles make with the middle, each with its sign.
-double SixVolumes(const bat_MeshHealth& health, const gsl_Point& middle, bat_Task& task)
+/// Six times that of the tetrahedra that the triangles make with a point of their group, each with its sign.
+/// Every group is closed for itself: what lies far from it takes no digits away.
+double SixVolumes(const bat_MeshHealth& health, bat_Task& task)
 {
-    const Vec origin = {middle.X(), middle.Y(), middle.Z()};
+    std::vector<const double*> origins(health.groupSizes.size(), nullptr);
     double sum = 0.0;
-    for (const std::array<std::uint32_t, 3>& triangle : health.triangles)
+    for (std::size_t i = 0; i < health.triangles.size(); ++i, task.Step())
     {
-        const auto from = [&](std::size_t corner) {
-            return Minus(health.points[triangle[corner]].data(), origin.data());
-        };
-        sum += Dot(from(0), Cross(from(1), from(2)));
-        task.Step();
+        const auto corner = [&](std::size_t k) { return health.points[health.triangles[i][k]].data(); };
+        const double*& origin = origins[health.groups[i]];
+        if (!origin)
+            origin = corner(0);
+        const Vec normal = Cross(Minus(corner(1), corner(0)), Minus(corner(2), corner(0)));
+        sum += Dot(Minus(corner(0), origin), normal);
     }
     return sum;
 }
@@ -252,7 +254,7 @@ void bat_MeshCheck::Measure(bat_MeshHealth& health)
     }
     health.meanFactor = count == 0 ? 0.0 : sum / static_cast<double>(count);
     if (volume)
-        health.volume = SixVolumes(health, health.box.Center(), task) / 6.0;
+        health.volume = SixVolumes(health, task) / 6.0;
 }
 
 void bat_MeshCheck::NameTriangles(bat_MeshHealth& health) const
@@ -268,6 +270,8 @@ void bat_MeshCheck::NameTriangles(bat_MeshHealth& health) const
             finding.count += flaw < bat_MeshHealth::DEGENERATE;
             if (finding.triangles.size() < named)
                 finding.triangles.push_back(static_cast<std::uint32_t>(i));
+            else
+                finding.hasMore = true;
         }
     }
     // The heap's front is the best of the worst.
@@ -303,7 +307,8 @@ std::uint16_t bat_MeshCheck::FlawOf(std::size_t triangle, double factor, const d
     if (!part_.HasNormal(static_cast<int>(triangle)))
         return Bit(bat_MeshHealth::COLLINEAR);
     const double limit = health.question.sliver;
-    if (factor == 0.0 && FactorOfAnySize(corners) >= limit)
+    const double least = limit > 0.0 ? limit : bat_MeshQuestion::DEFAULT_SLIVER; // nothing is below 0
+    if (factor == 0.0 && FactorOfAnySize(corners) >= least)
         return Bit(bat_MeshHealth::OUT_OF_SCALE);
     return factor < limit ? Bit(bat_MeshHealth::SLIVER) : std::uint16_t{0};
 }

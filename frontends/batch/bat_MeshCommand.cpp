@@ -1,5 +1,3 @@
-#include <bat_Console.h>
-#include <bat_ConsoleReporter.h>
 #include <bat_InputError.h>
 #include <bat_MeshCheck.h>
 #include <bat_MeshCommand.h>
@@ -11,10 +9,8 @@
 #include <bat_Part.h>
 #include <bat_Phase.h>
 #include <bat_PictureFile.h>
-#include <bat_Session.h>
 #include <bat_UsageError.h>
 #include <bat_WipWatcher.h>
-#include <ostream>
 #include <wip_Progress.h>
 #include <wip_ProgressObj.h>
 #include <wip_WIP.h>
@@ -35,10 +31,11 @@ const char* bat_MeshCommand::Footer() const
 {
     return "Triangles are counted from 0, in the order of the file; lengths are in the units of the file.\n"
            "Corners are merged in their order: one that lies on none of the points found before is a new\n"
-           "point, any other is the first of those that it lies on. All that follows goes by these points:\n"
-           "triangles are in one group when they share a point, directly or through others; an edge is open\n"
-           "when one triangle has it, non-manifold when more than two have it, misturned when two run the\n"
-           "same way along it. A shape factor is 1 for an equilateral triangle, towards 0 for slivers.\n"
+           "point, any other is the first of those that it lies on. Groups, edges and the volume go by\n"
+           "these points; size, area and shape factors go by the corners as they are. Triangles are in one\n"
+           "group when they share a point, directly or through others; an edge is open when one triangle\n"
+           "has it, non-manifold when more than two have it, misturned when two run the same way along it.\n"
+           "A shape factor is 1 for an equilateral triangle, towards 0 for slivers.\n"
            "\n"
            "A mesh is fit for use when it is closed (or --open is given), no triangle is degenerate "
            "(slivers\n"
@@ -61,29 +58,7 @@ const char* bat_MeshCommand::Footer() const
            "  orvex mesh corner.off --tolerance 1e-6 --sliver 0.1 --json";
 }
 
-bat_ExitCode bat_MeshCommand::Run(const bat_Console& console)
-{
-    using Progress = bat_ConsoleReporter::Progress;
-    Progress progress = console.errIsTerminal ? Progress::BAR : Progress::LINES;
-    if (!options_.ShowsProgress())
-        progress = Progress::NONE;
-    bat_ConsoleReporter reporter(console, progress, !options_.Quiet());
-    const bat_Session session(reporter);
-    const bat_MeshHealth health = Compute();
-    reporter.Close();
-    if (options_.Json())
-        console.out << bat_MeshJson(health) << '\n';
-    else
-        console.out << bat_MeshText(health);
-    // The answer is there all the same.
-    if (!pictureFault_.empty())
-        throw bat_InputError(pictureFault_);
-    if (differs_)
-        return bat_ExitCode::INTERNAL;
-    return health.IsFit() ? bat_ExitCode::FIT : bat_ExitCode::UNFIT;
-}
-
-bat_MeshHealth bat_MeshCommand::Compute()
+bat_JobCommand::Answer bat_MeshCommand::Compute()
 {
     // First, so that a wrong option does not cost the reading of the file.
     const bat_MeshQuestion question = options_.Question();
@@ -117,7 +92,7 @@ bat_MeshHealth bat_MeshCommand::Compute()
         const bat_Phase phase(watcher, PICTURE_SHARE / total, "drawing");
         try
         {
-            bat_MeshPicture(part, health).Save(options_.Picture());
+            bat_MeshPicture(part, health, watcher).Save(options_.Picture());
         }
         catch (const bat_InputError& error)
         {
@@ -125,5 +100,6 @@ bat_MeshHealth bat_MeshCommand::Compute()
         }
     }
     (void)wip_Progress::Instance().Update(1.0f, "done");
-    return health;
+    return {options_.Json() ? bat_MeshJson(health) + "\n" : bat_MeshText(health),
+            health.IsFit() ? bat_ExitCode::FIT : bat_ExitCode::UNFIT};
 }

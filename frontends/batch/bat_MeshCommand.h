@@ -1,23 +1,20 @@
 #pragma once
 
-#include <bat_MeshHealth.h>
+#include <bat_JobCommand.h>
 #include <bat_MeshOptions.h>
-#include <bat_Subcommand.h>
 
 /// `orvex mesh FILE`: whether a mesh is fit for use.
-class bat_MeshCommand : public bat_Subcommand
+class bat_MeshCommand : public bat_JobCommand
 {
 public:
     const char* Name() const override { return "mesh"; }
     const char* Summary() const override;
     const char* Footer() const override;
-    void Declare(CLI::App& app) override { options_.Declare(app); }
-    bat_ExitCode Run(const bat_Console& console) override;
+    void Declare(bat_OptionSet& options) override { options_.Declare(options); }
 
 private:
-    bat_MeshHealth Compute();
+    const bat_JobOptions& Options() const override { return options_; }
+    Answer Compute() override;
 
     bat_MeshOptions options_;
-    bool differs_ = false;     ///< the check found another answer
-    std::string pictureFault_; ///< why there is no picture
 };

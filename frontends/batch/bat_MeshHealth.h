@@ -35,6 +35,7 @@ struct bat_MeshHealth
     {
         std::size_t count = 0;                ///< triangles; of the last three kinds edges
         std::vector<std::uint32_t> triangles; ///< the first ones that have it
+        bool hasMore = false;                 ///< others have it too
     };
     struct Shape
     {

@@ -1,3 +1,4 @@
+#include <bat_JsonText.h>
 #include <bat_MeshHealth.h>
 #include <bat_MeshJson.h>
 #include <bat_Version.h>
@@ -54,5 +55,5 @@ std::string bat_MeshJson(const bat_MeshHealth& health)
                        {"degenerate", Findings(health, 0, bat_MeshHealth::DEGENERATE)},
                        {"flaws", Findings(health, bat_MeshHealth::DEGENERATE, bat_MeshHealth::FLAWS)},
                        {"version", BAT_VERSION}};
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+    return bat_JsonText(json);
 }

@@ -1,41 +1,28 @@
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
-#include <CLI/Validators.hpp>
 #include <bat_MeshOptions.h>
 #include <bat_Number.h>
+#include <bat_OptionSet.h>
 #include <bat_PointIndex.h>
 #include <bat_UsageError.h>
-#include <bat_Words.h>
 
-void bat_MeshOptions::Declare(CLI::App& app)
+void bat_MeshOptions::Declare(bat_OptionSet& options)
 {
-    app.add_option("FILE", file_, "the mesh: an STL, OBJ or OFF file")
-        ->required()
-        ->type_name(bat_Words::FILE)
-        ->option_text(" ");
-    app.add_option("--tolerance", tolerance_,
-                   "points closer than this, in the file's units, are one; 0: points with the same "
-                   "coordinates (0)")
-        ->option_text("LENGTH");
-    app.add_option("--sliver", sliver_,
-                   "no triangle may have a shape factor below this, 0 to 1 (slivers below " +
-                       bat_NumberText(bat_MeshQuestion::DEFAULT_SLIVER) + " are told, and do not hinder)")
-        ->option_text("FACTOR");
-    app.add_flag("--open", open_, "a sheet is meant, no solid: open edges do not hinder");
-    app.add_option("--worst", named_,
+    options.Value("FILE", file_, "the mesh: an STL, OBJ or OFF file", {.required = true, .isFile = true});
+    options.Value("--tolerance", tolerance_,
+                  "points closer than this, in the file's units, are one; 0: points with the same "
+                  "coordinates (0)",
+                  {.label = "LENGTH"});
+    options.Value("--sliver", sliver_,
+                  "no triangle may have a shape factor below this, 0 to 1 (slivers below " +
+                      bat_NumberText(bat_MeshQuestion::DEFAULT_SLIVER) + " are told, and do not hinder)",
+                  {.label = "FACTOR"});
+    options.Flag("--open", open_, "a sheet is meant, no solid: open edges do not hinder");
+    options.Number("--worst", named_, 0, bat_MeshQuestion::MOST_NAMED,
                    "how many triangles are named of each kind, 0 to " +
                        std::to_string(bat_MeshQuestion::MOST_NAMED) + " (" +
-                       std::to_string(bat_MeshQuestion::DEFAULT_NAMED) + ")")
-        ->check(CLI::Range(std::size_t{0}, bat_MeshQuestion::MOST_NAMED))
-        ->option_text("N");
-    app.add_option("--picture", picture_, "draw the shape factors in colour into this file, .svg or .png")
-        ->type_name(bat_Words::FILE)
-        ->option_text(bat_Words::FILE);
-    app.add_flag("--json", json_, "print the result as one line of JSON");
-    app.add_flag("--check", check_,
-                 "compare with the geometry's quadratic operations, where that is feasible");
-    app.add_flag("--quiet", quiet_, "print the result and errors, nothing else");
-    app.add_flag("--no-progress", noProgress_, "show no progress");
+                       std::to_string(bat_MeshQuestion::DEFAULT_NAMED) + ")",
+                   {.label = "N"});
+    DeclareJob(options, "draw the shape factors in colour",
+               "compare with the geometry's quadratic operations");
 }
 
 bat_MeshQuestion bat_MeshOptions::Question() const
@@ -50,13 +37,13 @@ bat_MeshQuestion bat_MeshOptions::Question() const
     if (question.tolerance > 0.0 && question.tolerance < LEAST)
         throw bat_UsageError(tolerance + "must be 0, or " + bat_NumberText(LEAST) + " at least");
     question.tolerance += 0.0; // minus zero is zero
-    if (!sliver_.empty())
+    if (sliver_)
     {
         question.sliversHinder = true;
-        if (!bat_ParseNumber(sliver_, question.sliver) || question.sliver < 0.0 || question.sliver > 1.0)
-            throw bat_UsageError("--sliver " + sliver_ + ": must be a number from 0 to 1");
+        if (!bat_ParseNumber(*sliver_, question.sliver) || question.sliver < 0.0 || question.sliver > 1.0)
+            throw bat_UsageError("--sliver " + *sliver_ + ": must be a number from 0 to 1");
     }
-    question.named = named_;
+    question.named = static_cast<std::size_t>(named_);
     question.open = open_;
     return question;
 }

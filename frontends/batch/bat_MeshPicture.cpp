@@ -13,9 +13,11 @@
 #include <bat_MeshText.h>
 #include <bat_Number.h>
 #include <bat_Part.h>
+#include <bat_Task.h>
 #include <limits>
 #include <memory>
 #include <vwr_Scene.h>
+#include <vwr_Viewport.h>
 
 namespace
 {
@@ -33,6 +35,7 @@ bool IsDark(std::size_t number)
 constexpr double MARGIN = 4.0;
 constexpr double ROW = 6.4;
 constexpr double SHARES = 21.0; // from the right border to the shares of the classes
+constexpr double LEGEND = 46.0; // from the right border to the mesh
 
 annC_AnchorCow At(annC_RelativePositionEnm position)
 {
@@ -100,6 +103,21 @@ std::string Share(std::size_t count, std::size_t all)
     return std::to_string(thousandths / 10) + "." + std::to_string(thousandths % 10) + " %";
 }
 
+/// In lines for which the picture is wide enough.
+std::string Wrapped(std::string text)
+{
+    constexpr std::size_t LINE = 95;
+    for (std::size_t start = 0; text.size() - start > LINE;)
+    {
+        const std::size_t comma = text.rfind(", ", start + LINE);
+        if (comma == std::string::npos || comma < start)
+            break;
+        text[comma + 1] = '\n';
+        start = comma + 2;
+    }
+    return text;
+}
+
 /// The best class on top.
 void InsertLegend(annC_AnnotationContainer& annotations, const bat_MeshHealth& health)
 {
@@ -127,11 +145,15 @@ void InsertLegend(annC_AnnotationContainer& annotations, const bat_MeshHealth& h
 
 void bat_MeshPicture::Save(const std::string& path) const
 {
-    if (part_.Count() > std::numeric_limits<int>::max() / 3)
+    // Three edges of a triangle, drawn by three points each.
+    if (part_.Count() > std::numeric_limits<int>::max() / 9)
         throw bat_InputError(part_.File() + ": too many triangles for a picture");
     vwr_Scene scene;
     scene.view = vwr_View::Isometric();
     scene.background = g3d_Color(g3d_White);
+    bat_Task task(watcher_, 0, 1);
+    scene.proceed = [&task] { task.Step(); };
+    scene.freeAtRight = LEGEND * vwr_Viewport::PIXELS_PER_MM;
     for (std::size_t i = 0; i < bat_MeshHealth::CLASSES; ++i)
         scene.parts.push_back(Drawn(ColorOf(i), true));
     // Behind all classes: of equally near triangles the first is seen, of this one the edges alone.
@@ -154,11 +176,11 @@ void bat_MeshPicture::Save(const std::string& path) const
 
     annC_AnnotationContainer annotations;
     InsertLegend(annotations, health_);
-    annotations.Insert("Verdict",
-                       NewText(bat_MeshVerdict(health_) + "\n" + bat_CountText(health_.triangles.size()) +
-                                   " triangles, " + bat_CountText(health_.points.size()) + " points",
-                               annC_RelativePositionEnm::BOTTOM_LEFT, MARGIN, MARGIN)
-                           .release());
+    annotations.Insert("Verdict", NewText(Wrapped(bat_MeshVerdict(health_)) + "\n" +
+                                              bat_CountText(health_.triangles.size()) + " triangles, " +
+                                              bat_CountText(health_.points.size()) + " points",
+                                          annC_RelativePositionEnm::BOTTOM_LEFT, MARGIN, MARGIN)
+                                      .release());
     scene.annotations = &annotations;
     bat_PictureFile::Save(path, scene);
 }

@@ -73,7 +73,8 @@ std::string Groups(const bat_MeshHealth& health)
         text += (i == 0 ? ": " : ", ") + bat_CountText(largest[i]);
     if (!largest.empty())
         text += largest.size() < health.groupSizes.size() ? ", ..." : "";
-    return text + (largest.empty() ? "" : " triangles");
+    const bool isOne = largest.size() == 1 && largest.front() == 1;
+    return text + (largest.empty() ? "" : isOne ? " triangle" : " triangles");
 }
 
 std::string Histogram(const bat_MeshHealth& health)
@@ -136,9 +137,7 @@ std::string Found(const bat_MeshHealth& health, Flaw flaw)
         text += bat_ReadableText(health.question.sliver);
     for (std::size_t i = 0; i < finding.triangles.size(); ++i)
         text += (i > 0 ? ", " : isEdge ? ": at triangles " : ": ") + std::to_string(finding.triangles[i]);
-    const bool isWhole =
-        isEdge ? finding.triangles.size() < health.question.named : finding.triangles.size() == finding.count;
-    return text + (finding.triangles.empty() || isWhole ? "" : ", ...");
+    return text + (finding.hasMore && !finding.triangles.empty() ? ", ..." : "");
 }
 }
 

@@ -44,8 +44,9 @@ bat_Part bat_Part::Read(const std::string& file, bat_Watcher& watcher, float sha
 {
     const bat_Phase phase(watcher, share, "reading " + file);
     bat_TriangleMesh mesh = bat_ReadMesh(file, watcher);
+    const std::string about = file + ": ";
     for (const std::string& sentence : mesh.Notes())
-        watcher.Note(file + ": " + sentence);
+        watcher.Note(about + sentence);
     return bat_Part(file, std::move(mesh), watcher);
 }
 

@@ -1,8 +1,8 @@
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
 #include <algorithm>
 #include <bat_Console.h>
 #include <bat_InputError.h>
+#include <bat_JsonText.h>
+#include <bat_OptionSet.h>
 #include <bat_PathCommand.h>
 #include <bat_PlainText.h>
 #include <cctype>
@@ -38,6 +38,38 @@ const char* KindOf(const cow_String& part)
     }
 }
 
+bool IsOfName(char c)
+{
+    return c == '_' || std::isalnum(static_cast<unsigned char>(c)) != 0 || static_cast<signed char>(c) < 0;
+}
+
+std::string Sentence(const omu_PathString& path, std::size_t at, const std::string& why)
+{
+    const std::string_view text = path.AsString().View();
+    const auto isStart = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
+    const auto before = std::count_if(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), isStart);
+    return Text(path.AsString()) + ", character " + std::to_string(before + 1) + ": " + why;
+}
+
+/// Where and why a plain path has a name that is none: a path is split at its marks, whatever stands between.
+std::string NameFault(const omu_PathString& path)
+{
+    std::size_t at = 0;
+    for (const cow_String& part : path.GetPathAsList())
+    {
+        const std::string_view text = part.View();
+        std::size_t end = text.front() == '.' ? 1 : 0;
+        if (end == text.size())
+            return Sentence(path, at + end, "a name is missing");
+        while (end < text.size() && IsOfName(text[end]))
+            ++end;
+        if (end < text.size() && text.front() != '[' && text.front() != '(')
+            return Sentence(path, at + end, std::string("no name holds \"") + text[end] + "\"");
+        at += text.size();
+    }
+    return {};
+}
+
 /// Where and why the text is no plain path.
 std::string Fault(const omu_PathString& path)
 {
@@ -56,9 +88,7 @@ std::string Fault(const omu_PathString& path)
         at = text.find('+', at);
         why = "an expression is no path";
     }
-    const auto isStart = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
-    const auto before = std::count_if(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), isStart);
-    return Text(path.AsString()) + ", character " + std::to_string(before + 1) + ": " + why;
+    return Sentence(path, at, why);
 }
 
 Json AsJson(const omu_PathString& path)
@@ -110,12 +140,11 @@ const char* bat_PathCommand::Footer() const
            "  orvex path \"session.openOdb('a.odb').steps[0]\" --json";
 }
 
-void bat_PathCommand::Declare(CLI::App& app)
+void bat_PathCommand::Declare(bat_OptionSet& options)
 {
-    app.add_option("PATH", path_, "as the scripting language writes it; quote it for the shell")
-        ->required()
-        ->option_text(" ");
-    app.add_flag("--json", json_, "print one line of JSON");
+    options.Value("PATH", path_, "as the scripting language writes it; quote it for the shell",
+                  {.required = true});
+    options.Flag("--json", json_, "print one line of JSON");
 }
 
 bat_ExitCode bat_PathCommand::Run(const bat_Console& console)
@@ -123,8 +152,10 @@ bat_ExitCode bat_PathCommand::Run(const bat_Console& console)
     const omu_PathString path{cow_String(std::string_view(path_))};
     if (!path.IsPlain())
         throw bat_InputError(Fault(path));
+    if (const std::string fault = NameFault(path); !fault.empty())
+        throw bat_InputError(fault);
     if (json_)
-        console.out << AsJson(path).dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+        console.out << bat_JsonText(AsJson(path)) << '\n';
     else
         Print(console.out, path);
     return bat_ExitCode::DONE;

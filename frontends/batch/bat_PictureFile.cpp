@@ -43,8 +43,8 @@ void bat_PictureFile::RequirePlace(const std::string& path)
         RefusePlace(path, ENOTDIR);
     if (::access(folder.c_str(), W_OK) != 0)
         RefusePlace(path, errno);
-    if (::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode))
-        RefusePlace(path, EISDIR);
+    if (::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
+        RefusePlace(path, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
 }
 
 void bat_PictureFile::Save(const std::string& path, const vwr_Scene& scene)

@@ -55,10 +55,10 @@ std::uint32_t bat_PointIndex::FindKept(const Point& point) const
     const Point high = Cell(point, reach_);
     const double bound = tolerance_ * tolerance_;
     std::uint32_t first = NONE;
-    const std::array<double, 3> last = {high[0] - low[0], high[1] - low[1], high[2] - low[2]};
-    for (double i = 0.0; i <= last[0]; i += 1.0)
-        for (double j = 0.0; j <= last[1]; j += 1.0)
-            for (double k = 0.0; k <= last[2]; k += 1.0)
+    const auto last = [&](std::size_t k) { return static_cast<int>(high[k] - low[k]); };
+    for (int i = 0; i <= last(0); ++i)
+        for (int j = 0; j <= last(1); ++j)
+            for (int k = 0; k <= last(2); ++k)
             {
                 const Point cell = {low[0] + i, low[1] + j, low[2] + k};
                 const std::uint32_t number = cells_.Find(cell);

@@ -108,7 +108,7 @@ void bat_StlAsciiReader::ReadFacet()
     Expect("outer");
     Expect("loop");
     double corners[9];
-    int count = 0;
+    std::size_t count = 0;
     std::string_view word = cursor_.Next();
     for (; IsKeyword(word, "vertex"); word = cursor_.Next())
     {

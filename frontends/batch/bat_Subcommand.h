@@ -1,8 +1,8 @@
 #pragma once
 
-#include <CLI/App.hpp>
 #include <bat_ExitCode.h>
 
+class bat_OptionSet;
 struct bat_Console;
 
 /// One of the driver's subcommands: says which options it has, then runs with what was read into them.
@@ -19,7 +19,7 @@ public:
     virtual const char* Footer() const = 0;
 
     /// Declares the options, which are read into this object.
-    virtual void Declare(CLI::App& app) = 0;
+    virtual void Declare(bat_OptionSet& options) = 0;
 
     /// Results go to console.out, everything else to console.err. Raises bat_UsageError, bat_InputError,
     /// bat_MeshError, bat_Interrupted, or whatever went wrong inside.

@@ -1,14 +1,10 @@
 #include <bat_BruteForce.h>
-#include <bat_Console.h>
-#include <bat_ConsoleReporter.h>
 #include <bat_ContactTravel.h>
 #include <bat_InputError.h>
 #include <bat_Number.h>
 #include <bat_Part.h>
 #include <bat_Phase.h>
 #include <bat_PictureFile.h>
-#include <bat_PlainText.h>
-#include <bat_Session.h>
 #include <bat_TravelCommand.h>
 #include <bat_TravelJson.h>
 #include <bat_TravelPicture.h>
@@ -17,7 +13,6 @@
 #include <bat_WipWatcher.h>
 #include <gsl_Util.h>
 #include <optional>
-#include <ostream>
 #include <wip_Progress.h>
 #include <wip_ProgressObj.h>
 #include <wip_WIP.h>
@@ -61,31 +56,7 @@ const char* bat_TravelCommand::Footer() const
            "  orvex travel wall.off part.off --dir 0,-0.2,1 --bound 10 --json";
 }
 
-bat_ExitCode bat_TravelCommand::Run(const bat_Console& console)
-{
-    using Progress = bat_ConsoleReporter::Progress;
-    Progress progress = console.errIsTerminal ? Progress::BAR : Progress::LINES;
-    if (!options_.ShowsProgress())
-        progress = Progress::NONE;
-    bat_ConsoleReporter reporter(console, progress, !options_.Quiet());
-    const bat_Session session(reporter);
-    const bat_TravelResult result = Compute();
-    reporter.Close();
-    if (options_.Json())
-        console.out << bat_TravelJson(result) << '\n';
-    else
-        console.out << bat_TravelText(result);
-    // The answer is there all the same.
-    if (!pictureFault_.empty() && !differs_)
-        throw bat_InputError(pictureFault_);
-    if (!pictureFault_.empty())
-        console.err << "orvex: " << bat_PlainText(pictureFault_) << '\n';
-    if (differs_)
-        return bat_ExitCode::INTERNAL;
-    return result.IsClear() ? bat_ExitCode::CLEAR : bat_ExitCode::CONTACT;
-}
-
-bat_TravelResult bat_TravelCommand::Compute()
+bat_JobCommand::Answer bat_TravelCommand::Compute()
 {
     // First, so that a wrong option does not cost the reading of two files.
     const bat_TravelQuestion question = options_.Question();
@@ -124,7 +95,8 @@ bat_TravelResult bat_TravelCommand::Compute()
         Draw(fixed, movable, result);
     }
     (void)wip_Progress::Instance().Update(1.0f, "done");
-    return result;
+    return {options_.Json() ? bat_TravelJson(result) + "\n" : bat_TravelText(result),
+            result.IsClear() ? bat_ExitCode::CLEAR : bat_ExitCode::CONTACT};
 }
 
 void bat_TravelCommand::Draw(const bat_Part& fixed, const bat_Part& movable, bat_TravelResult& result)

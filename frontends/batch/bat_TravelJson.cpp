@@ -1,3 +1,4 @@
+#include <bat_JsonText.h>
 #include <bat_Number.h>
 #include <bat_TravelJson.h>
 #include <bat_TravelResult.h>
@@ -10,8 +11,7 @@ constexpr const char* SCHEMA = "orvex.travel/1";
 
 std::string Quoted(const std::string& text)
 {
-    using Handler = nlohmann::json::error_handler_t;
-    return nlohmann::json(text).dump(-1, ' ', false, Handler::replace);
+    return bat_JsonText(text);
 }
 
 std::string Triple(double x, double y, double z)

@@ -1,3 +1,4 @@
+#include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <bat_Words.h>
@@ -33,4 +34,13 @@ bat_Words::bat_Words(const CLI::App& app) : name(app.get_name()), description(ap
         option.values = ValuesIn(type);
         (option.names.empty() ? positionals : options).push_back(std::move(option));
     }
+}
+
+std::pair<bat_Words, std::vector<bat_Words>> bat_Words::OfProgram(const CLI::App& subcommand)
+{
+    const CLI::App& program = *subcommand.get_parent();
+    std::vector<bat_Words> all;
+    for (const CLI::App* one : program.get_subcommands({}))
+        all.emplace_back(*one);
+    return {bat_Words(program), std::move(all)};
 }

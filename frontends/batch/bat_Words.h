@@ -1,13 +1,18 @@
 #pragma once
 
-#include <CLI/App.hpp>
 #include <string>
+#include <utility>
 #include <vector>
+
+namespace CLI
+{
+class App;
+}
 
 /// What can stand in a subcommand's command line, as CLI11 was told of it.
 struct bat_Words
 {
-    /// The type name of an option whose value is a file: `->type_name(bat_Words::FILE)`.
+    /// The type name of an option whose value is a file.
     static constexpr const char* FILE = "FILE";
 
     struct Option
@@ -22,6 +27,8 @@ struct bat_Words
     };
 
     explicit bat_Words(const CLI::App& app);
+    /// The words of the program that has this subcommand, and of all its subcommands.
+    static std::pair<bat_Words, std::vector<bat_Words>> OfProgram(const CLI::App& subcommand);
 
     std::string name;
     std::string description;

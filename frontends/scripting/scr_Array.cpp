@@ -250,7 +250,7 @@ py::object ItemOf(const omu_PrimArray& array, const py::object& key)
     }
     const py::tuple indices =
         py::isinstance<py::tuple>(key) ? py::reinterpret_borrow<py::tuple>(key) : py::make_tuple(key);
-    if (static_cast<int>(indices.size()) > array.Rank() || indices.size() == 0)
+    if (static_cast<int>(indices.size()) > array.Rank() || indices.empty())
         scr_Exceptions::Throw("IndexError", "an Array of " + std::to_string(array.Rank()) +
                                                 " dimensions takes 1 to " + std::to_string(array.Rank()) +
                                                 " indices");

@@ -42,6 +42,7 @@ void Set(const py::object& made)
     PyErr_SetObject(reinterpret_cast<PyObject*>(Py_TYPE(made.ptr())), made.ptr());
 }
 
+// The signature is pybind11's. NOLINTNEXTLINE(performance-unnecessary-value-param)
 void Translate(std::exception_ptr thrown)
 {
     try

@@ -5,7 +5,6 @@
 #include <omu_CommandTable.h>
 #include <scr_Exceptions.h>
 #include <scr_Files.h>
-#include <scr_Own.h>
 #include <scr_Pictures.h>
 #include <scr_Running.h>
 #include <scr_Text.h>
@@ -78,14 +77,7 @@ int Pixels(const py::object& given, const char* name)
 {
     const scr_TravelRefusal refusal(name,
                                     "a whole number from 1 to " + std::to_string(scr_Pictures::LARGEST));
-    if (!PyIndex_Check(given.ptr()))
-        refusal.Type(given);
-    const auto number = scr_Own(PyNumber_Index(given.ptr()));
-    int overflow = 0;
-    const long pixels = PyLong_AsLongAndOverflow(number.ptr(), &overflow);
-    if (overflow != 0 || pixels < 1 || pixels > scr_Pictures::LARGEST)
-        refusal.Value(scr_TravelRefusal::Shown(given));
-    return static_cast<int>(pixels);
+    return static_cast<int>(refusal.WholeNumber(given, 1, scr_Pictures::LARGEST));
 }
 
 void Picture(const py::object& path, const py::object& width, const py::object& height)

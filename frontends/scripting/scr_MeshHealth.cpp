@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <bat_Interrupted.h>
 #include <bat_MeshCheck.h>
 #include <bat_MeshError.h>
@@ -10,10 +11,9 @@
 #include <pybind11/stl.h>
 #include <scr_Array.h>
 #include <scr_Mesh.h>
-#include <scr_MeshFailure.h>
 #include <scr_MeshHealth.h>
-#include <scr_Own.h>
 #include <scr_ProgressReporter.h>
+#include <scr_RunJob.h>
 #include <scr_Running.h>
 #include <scr_TravelRefusal.h>
 #include <scr_TravelWatcher.h>
@@ -45,14 +45,7 @@ std::size_t WorstOf(const py::object& given)
 {
     constexpr long MOST = bat_MeshQuestion::MOST_NAMED;
     const scr_TravelRefusal refusal("worst", "a whole number from 0 to " + std::to_string(MOST));
-    if (!PyIndex_Check(given.ptr()))
-        refusal.Type(given);
-    const auto number = scr_Own(PyNumber_Index(given.ptr()));
-    int overflow = 0;
-    const long worst = PyLong_AsLongAndOverflow(number.ptr(), &overflow);
-    if (overflow != 0 || worst < 0 || worst > MOST)
-        refusal.Value(scr_TravelRefusal::Shown(given));
-    return static_cast<std::size_t>(worst);
+    return static_cast<std::size_t>(refusal.WholeNumber(given, 0, MOST));
 }
 
 bat_MeshQuestion QuestionOf(const py::object& tolerance, const py::object& sliver, const py::object& open,
@@ -136,7 +129,7 @@ py::tuple Worst(const bat_MeshHealth& health)
 /// In the order in which the package's MeshResult takes them.
 py::tuple Fields(const bat_MeshHealth& health, const scr_TravelWatcher& watcher)
 {
-    if (health.triangles.size() > std::numeric_limits<int>::max() / 3)
+    if (std::max(health.triangles.size(), health.points.size()) > std::numeric_limits<int>::max() / 3)
         throw bat_MeshError(health.file, "too many triangles for arrays of three numbers each");
     return py::make_tuple(py::tuple(py::cast(health.Hindrances())), health.question.tolerance,
                           health.triangles.size(), health.points.size(), health.edges,
@@ -157,26 +150,9 @@ py::tuple Mesh(const py::object& part, const py::object& tolerance, const py::ob
     const py::object callable = scr_ProgressReporter::CallableOf(progress);
     scr_Mesh mesh(part, "part", "checking the part");
     scr_TravelWatcher watcher(running);
-    try
-    {
-        std::optional<scr_ProgressReporter> reporter;
-        if (!callable.is_none())
-            reporter.emplace(callable, watcher, "mesh health");
-        std::optional<bat_MeshHealth> health;
-        {
-            const py::gil_scoped_release others;
-            health = Compute(mesh, question, watcher);
-        }
-        if (health && reporter)
-            reporter->Finish();
-        watcher.RaiseFailure();
-        return Fields(health.value(), watcher);
-    }
-    catch (const bat_MeshError& error)
-    {
-        watcher.RaiseFailure();
-        scr_RaiseMeshError(error);
-    }
+    return scr_RunJob(
+        "mesh health", callable, watcher, [&] { return Compute(mesh, question, watcher); },
+        [&](const bat_MeshHealth& health) { return Fields(health, watcher); });
 }
 }
 

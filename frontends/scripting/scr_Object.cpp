@@ -27,7 +27,7 @@ bool IsPythonsOwn(const cow_String& name)
 // The library looks members up by C strings: a name with a zero byte is none.
 cow_String NameOf(const omu_InterfaceObj& object, const py::str& text)
 {
-    const cow_String name = scr_Text::FromPython(text.ptr());
+    cow_String name = scr_Text::FromPython(text.ptr());
     if (name.View().find('\0') != std::string_view::npos)
         object.RaiseUnknownMember(name);
     return name;
@@ -187,6 +187,8 @@ void scr_RegisterObject(py::module_& module)
         .def("__neg__", &Calculate<&omu_InterfaceObj::UnaryNegative>)
         .def("__len__", &scr_Items::Length)
         .def("__iter__", &scr_Items::Iterate)
+        .def("__reversed__",
+             [](const py::object& self) -> py::object { return py::list(self).attr("__reversed__")(); })
         .def("__contains__", &scr_Items::Contains)
         .def("__getitem__", &scr_Items::Get)
         .def("__setitem__", &scr_Items::Set)

@@ -1,13 +1,11 @@
 #include <bat_ContactTravel.h>
 #include <bat_Direction.h>
 #include <bat_Interrupted.h>
-#include <bat_MeshError.h>
 #include <bat_Part.h>
 #include <optional>
 #include <scr_Mesh.h>
-#include <scr_MeshFailure.h>
-#include <scr_Own.h>
 #include <scr_ProgressReporter.h>
+#include <scr_RunJob.h>
 #include <scr_Running.h>
 #include <scr_Travel.h>
 #include <scr_TravelRefusal.h>
@@ -36,7 +34,8 @@ py::object Item(const py::sequence& sequence, std::size_t index, const scr_Trave
 
 gsl_Vector DirectionOf(const py::object& given)
 {
-    const scr_TravelRefusal refusal("direction", "three finite numbers, or an axis: +x -x +y -y +z -z");
+    const scr_TravelRefusal refusal("direction",
+                                    "three finite numbers, not all 0, or an axis: +x -x +y -y +z -z");
     std::array<double, 3> xyz{};
     if (PyUnicode_Check(given.ptr()))
     {
@@ -76,14 +75,7 @@ int DepthOf(const py::object& given)
 {
     constexpr int MOST = bat_TravelQuestion::GREATEST_DEPTH;
     const scr_TravelRefusal refusal("depth", "a whole number from 1 to " + std::to_string(MOST));
-    if (!PyIndex_Check(given.ptr()))
-        refusal.Type(given);
-    const auto number = scr_Own(PyNumber_Index(given.ptr()));
-    int overflow = 0;
-    const long depth = PyLong_AsLongAndOverflow(number.ptr(), &overflow);
-    if (overflow != 0 || depth < 1 || depth > MOST)
-        refusal.Value(scr_TravelRefusal::Shown(given));
-    return static_cast<int>(depth);
+    return static_cast<int>(refusal.WholeNumber(given, 1, MOST));
 }
 
 gsl_TriOctree::OctreeNodeType TreeOf(const py::object& given)
@@ -172,26 +164,10 @@ py::tuple Travel(const py::object& fixed, const py::object& movable, const py::o
     scr_Mesh fixedMesh(fixed, "fixed", "checking the fixed part");
     scr_Mesh movableMesh(movable, "movable", "checking the movable part");
     scr_TravelWatcher watcher(running);
-    try
-    {
-        std::optional<scr_ProgressReporter> reporter;
-        if (!callable.is_none())
-            reporter.emplace(callable, watcher, "contact travel");
-        std::optional<bat_TravelResult> result;
-        {
-            const py::gil_scoped_release others;
-            result = Compute(fixedMesh, movableMesh, question, watcher);
-        }
-        if (result && reporter)
-            reporter->Finish();
-        watcher.RaiseFailure();
-        return Fields(result.value(), watcher.NotesTuple());
-    }
-    catch (const bat_MeshError& error)
-    {
-        watcher.RaiseFailure();
-        scr_RaiseMeshError(error);
-    }
+    return scr_RunJob(
+        "contact travel", callable, watcher,
+        [&] { return Compute(fixedMesh, movableMesh, question, watcher); },
+        [&](const bat_TravelResult& result) { return Fields(result, watcher.NotesTuple()); });
 }
 }
 

@@ -30,6 +30,18 @@ double scr_TravelRefusal::Number(py::handle object, const std::string& where) co
     Type(TypeName(object) + where);
 }
 
+long scr_TravelRefusal::WholeNumber(py::handle object, long least, long most) const
+{
+    if (!PyIndex_Check(object.ptr()))
+        Type(object);
+    const auto number = scr_Own(PyNumber_Index(object.ptr()));
+    int overflow = 0;
+    const long value = PyLong_AsLongAndOverflow(number.ptr(), &overflow);
+    if (overflow != 0 || value < least || value > most)
+        Value(Shown(object));
+    return value;
+}
+
 std::string scr_TravelRefusal::TypeName(py::handle object)
 {
     return Py_TYPE(object.ptr())->tp_name;

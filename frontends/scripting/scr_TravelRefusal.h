@@ -22,6 +22,8 @@ public:
 
     /// The object as a float; TypeError, with the place behind its type, for what is no number.
     double Number(pybind11::handle object, const std::string& where = "") const;
+    /// The object as a whole number; TypeError for what is none, ValueError for one out of these bounds.
+    long WholeNumber(pybind11::handle object, long least, long most) const;
 
     static std::string TypeName(pybind11::handle object);
     /// The object's ascii(), cut where it is long; raises what that raises.

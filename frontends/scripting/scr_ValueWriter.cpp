@@ -50,7 +50,7 @@ py::object scr_ValueWriter::Write(std::unique_ptr<omu_Primitive> value)
 {
     if (auto* object = dynamic_cast<omu_InterfaceObj*>(value.get()))
     {
-        value.release();
+        (void)value.release(); // owned by what is made next
         return scr_Object::Make(std::shared_ptr<omu_InterfaceObj>(object));
     }
     return Write(value.get());

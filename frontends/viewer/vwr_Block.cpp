@@ -8,7 +8,9 @@ vwr_Block::Fraction vwr_Block::Of(annC_RelativePositionEnm position)
     const int value = static_cast<int>(position);
     if (value < 0 || value > static_cast<int>(annC_RelativePositionEnm::TOP_RIGHT))
         return {};
-    return {0.5 * (value % 3), 0.5 * (value / 3)};
+    const int row = value / 3;
+    const int column = value % 3;
+    return {0.5 * column, 0.5 * row};
 }
 
 vwr_Block::Fraction vwr_Block::Of(const annC_Anchor* referencePoint)

@@ -24,5 +24,6 @@ struct vwr_Font
     /// another name are drawn in the metric-compatible free ones.
     static vwr_Font OfDescription(std::string_view description);
 
+    // What the compiler writes compares with 0. NOLINTNEXTLINE(modernize-use-nullptr)
     friend auto operator<=>(const vwr_Font&, const vwr_Font&) = default;
 };

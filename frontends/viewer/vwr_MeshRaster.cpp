@@ -20,6 +20,8 @@ constexpr double EDGE_WIDTH = 1.3; // pixels
 // samples: it lies in the surfaces that it bounds, and these fall away from it.
 constexpr float EDGE_DEPTH = 2.0f;
 constexpr int BAND_ROWS = 192;
+// After so many shapes the scene is asked whether to go on; each takes half a millisecond at most.
+constexpr std::size_t ASK_EVERY = 32;
 // Rows above and below a band that its edges look at.
 constexpr int MARGIN_ROWS = 4;
 // No part: farther than everything.
@@ -266,7 +268,8 @@ private:
 vwr_MeshRaster::vwr_MeshRaster(const vwr_Scene& scene, const vwr_Viewport& viewport)
     : width_(scene.width),
       height_(scene.height),
-      samples_(static_cast<std::int64_t>(width_) * height_ > LARGEST_SMOOTH ? 1 : SAMPLES)
+      samples_(static_cast<std::int64_t>(width_) * height_ > LARGEST_SMOOTH ? 1 : SAMPLES),
+      proceed_(scene.proceed)
 {
     for (const vwr_Part& part : scene.parts)
         Add(part, scene, viewport);
@@ -356,14 +359,25 @@ vwr_Image vwr_MeshRaster::Draw() const
     const Bands segments = Sort(segments_);
     const float radius = static_cast<float>(0.5 * EDGE_WIDTH * samples_);
     Band band(samples_ * width_, BAND_ROWS + 2 * MARGIN_ROWS);
+    std::size_t drawn = 0;
+    const auto ask = [&] {
+        if (++drawn % ASK_EVERY == 0 && proceed_)
+            proceed_();
+    };
     for (int b = 0; b < BandCount(); ++b)
     {
         const int top = b * BAND_ROWS;
         band.Start(top - MARGIN_ROWS);
         for (const std::uint32_t item : triangles.Of(b))
+        {
             band.Draw(triangles_[item]);
+            ask();
+        }
         for (const std::uint32_t item : segments.Of(b))
+        {
             band.Draw(segments_[item], radius);
+            ask();
+        }
         const int bottom = std::min(top + BAND_ROWS, samples_ * height_);
         for (int row = top; row < bottom; row += samples_)
             for (int x = 0; x < width_; ++x)

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -20,7 +21,7 @@ class vwr_MeshRaster
 {
 public:
     static constexpr int SAMPLES = 3;
-    static constexpr std::int64_t LARGEST_SMOOTH = 4096 * 4096;
+    static constexpr std::int64_t LARGEST_SMOOTH = std::int64_t{4096} * 4096;
 
     vwr_MeshRaster(const vwr_Scene& scene, const vwr_Viewport& viewport);
 
@@ -64,6 +65,7 @@ private:
     int width_;
     int height_;
     int samples_;
+    std::function<void()> proceed_; ///< as the scene's
     std::vector<Triangle> triangles_;
     std::vector<Segment> segments_;
 };

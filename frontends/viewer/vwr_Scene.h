@@ -4,6 +4,7 @@
 #include <vwr_Part.h>
 #include <vwr_View.h>
 
+#include <functional>
 #include <vector>
 
 class annC_AnnotationContainer;
@@ -18,4 +19,7 @@ struct vwr_Scene
     std::vector<vwr_Part> parts;
     const annC_AnnotationContainer* annotations = nullptr;
     g3d_Color background;
+    /// Called over and over while parts are drawn: what it throws ends the drawing.
+    std::function<void()> proceed;
+    double freeAtRight = 0.0; ///< so many pixels of the width the parts leave free, for a legend
 };

@@ -48,6 +48,7 @@ void EachAnchor(const annC_AnnotationContainer& annotations, F take)
 vwr_Viewport::vwr_Viewport(const vwr_Scene& scene)
     : width_(scene.width),
       height_(scene.height),
+      fittedWidth_(std::max(width_ - scene.freeAtRight, 1.0)),
       right_(scene.view.Right()),
       up_(scene.view.Up()),
       eye_(scene.view.TowardsEye())
@@ -87,14 +88,14 @@ void vwr_Viewport::Fit(const vwr_Scene& scene)
     middleUp_ = up.Middle();
     middleEye_ = eye.Middle();
     constexpr double FILLED = 1.0 - 2.0 * MARGIN;
-    const double fitted = std::min(FILLED * width_ / right.Length(), FILLED * height_ / up.Length());
+    const double fitted = std::min(FILLED * fittedWidth_ / right.Length(), FILLED * height_ / up.Length());
     if (std::isfinite(fitted))
         scale_ = fitted;
 }
 
 vwr_Viewport::Seen vwr_Viewport::Project(const gsl_Point& point) const
 {
-    return {{0.5 * width_ + scale_ * (right_(point) - middleRight_),
+    return {{0.5 * fittedWidth_ + scale_ * (right_(point) - middleRight_),
              0.5 * height_ - scale_ * (up_(point) - middleUp_)},
             scale_ * (eye_(point) - middleEye_)};
 }

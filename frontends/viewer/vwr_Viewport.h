@@ -12,8 +12,8 @@ struct vwr_Scene;
 ///
 /// A picture has 96 pixels to the inch; lengths of annotations are millimetres. The view is fitted to the
 /// scene: the parts, as the view shows them, fill the picture up to a margin of MARGIN of its size at each
-/// side. Without parts the 3D anchors of the annotations are fitted instead; when all lies in one point, that
-/// is the middle and a unit of the model is a millimetre.
+/// side, all but what the scene keeps free. Without parts the 3D anchors of the annotations are fitted
+/// instead; when all lies in one point, that is the middle and a unit of the model is a millimetre.
 class vwr_Viewport
 {
 public:
@@ -56,6 +56,7 @@ private:
 
     double width_;
     double height_;
+    double fittedWidth_; ///< the parts lie left of it
     Axis right_;
     Axis up_;
     Axis eye_;

@@ -42,6 +42,7 @@ TEST(Doctor, TellsWhatIsInForceHereAndThatAllIsWell)
     EXPECT_TRUE(environment["ORX_DBG_SYMCONST"].is_null());
     EXPECT_EQ(json["limits"]["mementoBudgetBase"], idb_MementoLimits().budgetBase);
     EXPECT_EQ(json["tolerances"]["linear"], 1e-6);
+    EXPECT_TRUE(json["machine"].contains("cLocale") && json["machine"].contains("cppLocale"));
     EXPECT_THAT(json["versions"]["library"].get<std::string>(), HasSubstr("libKTLOxuGeom.so"));
     EXPECT_GE(json["selfTest"].size(), 4u);
     for (const Json& test : json["selfTest"])
@@ -151,7 +152,11 @@ TEST(Path, WhatIsNoneIsRefusedAtItsPlace)
                 {"mdb.\303\274['k'].b+c.d", "character 13: an expression is no path"},
                 {"a.b['x'", "character 4: the \"[\" is never closed"},
                 {"f(g(1)", "character 2: the \"(\" is never closed"},
-                {"a[1]b", "character 5: \".\", \"[\" or \"(\" is missing"}};
+                {"a[1]b", "character 5: \".\", \"[\" or \"(\" is missing"},
+                {"\303\274", "character 1: a path begins with a letter or \"_\""},
+                {"a.\303\274..b", "character 5: a name is missing"},
+                {"a.", "character 3: a name is missing"},
+                {"a.b-c", "character 4: no name holds \"-\""}};
     for (const auto& [path, fault] : rows)
         EXPECT_EQ(Outcome({"path", path}), std::string("3\norvex: ") + path + ", " + fault + "\n");
 }

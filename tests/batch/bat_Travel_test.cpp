@@ -180,13 +180,15 @@ TEST_F(Travel, WhatIsRefusedAndWithWhichCode)
           {"--dir +z --bound 0", "--bound 0: must be above 0; leave it out for no bound"},
           {"--dir +z --bound nan", "--bound nan: not a number that can be a length"},
           {"--dir +z --depth 21", "--depth"},
-          {"--dir +z --dir +x", "--dir"}})
+          {"--dir +z --dir +x", "--dir: takes one value, and is given once"}})
         ExpectRefused(Command(ABOVE, CUBE, options), 2, sentence);
     ExpectRefused(
         Command(Fan(80000, 200000, 1), Fan(80000, 0, -1), "--dir +z --check --quiet"), 2,
         "--check: brute force would have to look at 6 400 000 000 pairs of triangles, more than the "
         "5 000 000 000 that take a bearable time: check coarser meshes");
-    ExpectRefused({"trvel"}, 2, "trvel: no such subcommand (see orvex --help)");
+    ExpectRefused({"trvel"}, 2, "trvel: no such subcommand. Did you mean \"travel\"? (see orvex --help)");
+    ExpectRefused({"travel", "a", "b", "--dir", "+z", "--picture", ""}, 2, "--picture: the name is empty");
+    ExpectRefused({"--json", "travel"}, 2, "--json: the subcommand must come first (see orvex --help)");
     EXPECT_EQ(RunOrvex({}).code, 2);
     EXPECT_EQ(RunOrvex({}).out, "") << "the help goes to the error stream";
 
@@ -243,8 +245,10 @@ TEST_F(Travel, PicturesShowPartsTravelAndContact)
     EXPECT_THAT(late.out, StartsWith("travel    4 "));
     EXPECT_EQ(late.err, "orvex: cannot write " + longName + ": File name too long\n");
     // Before the parts are even read.
+    ASSERT_EQ(mkfifo((folder / "pipe.svg").c_str(), 0600), 0);
     for (const auto& [name, code, reason] :
          {std::tuple{"x.jpg", 2, ": the name must end in .svg or .png (see orvex travel --help)"},
+          {"pipe.svg", 3, " cannot be written: Invalid argument"},
           {"none/x.svg", 3, " cannot be written: No such file or directory"},
           {"fixed.off/x.png", 3, " cannot be written: Not a directory"}})
     {

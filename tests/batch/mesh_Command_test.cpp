@@ -1,7 +1,6 @@
 // `orvex mesh` from end to end.
 
-#include <bat_Console.h>
-#include <bat_Driver.h>
+#include <batch/Outcome.h>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -25,10 +24,7 @@ protected:
     std::string Outcome(std::vector<std::string> words) const
     {
         words.insert(words.begin(), "mesh");
-        std::ostringstream out;
-        std::ostringstream err;
-        const int code = static_cast<int>(bat_Driver::Run(words, bat_Console{out, err}));
-        return std::to_string(code) + "\n" + out.str() + err.str();
+        return ::Outcome(words);
     }
 
     ScratchFolder folder_;
@@ -42,7 +38,8 @@ TEST_F(MeshCommand, EveryExitCode)
     EXPECT_THAT(Outcome({cube_, "--check"}), HasSubstr("orvex: check: the quadratic operations agree\n"));
     EXPECT_THAT(Outcome({sheet_, "--quiet"}),
                 testing::AllOf(testing::StartsWith("1\n"), testing::EndsWith("fit for use: 3 open edges\n")));
-    EXPECT_THAT(Outcome({sheet_, "--quiet", "--open"}), testing::StartsWith("0\n"));
+    EXPECT_THAT(Outcome({sheet_, "--quiet", "--open", "--worst", "1"}),
+                testing::AllOf(testing::StartsWith("0\n"), HasSubstr(" alone: at triangles 0\n")));
     EXPECT_THAT(Outcome({sheet_, "--quiet", "--open", "--sliver", "0.8", "--json"}),
                 testing::StartsWith("1\n{\"schema\":\"orvex.mesh/1\","));
     const std::string large =

@@ -74,6 +74,11 @@ TEST(MeshHealth, WhatHinders)
     bat_MeshQuestion strict = open;
     strict.sliver = 0.5;
     strict.sliversHinder = true;
+    Mesh needle = CUBE;
+    AddTriangle(needle, {5, 0, 0}, {5.001, 0, 0}, {5, 1e-10, 0}); // with an area that counts as none
+    bat_MeshQuestion anyShape = open;
+    anyShape.sliver = 0.0;
+    anyShape.sliversHinder = true;
     bat_MeshQuestion all;
     all.tolerance = 1e100;
     struct Row
@@ -100,6 +105,7 @@ TEST(MeshHealth, WhatHinders)
          1},
         {"two that share a corner", Joined(CUBE, Cube({1, 1, 1})), {}, {}, true, 2.0, 1},
         {"two apart", Joined(CUBE, Cube({3, 3, 3})), {}, {}, true, 2.0, 2},
+        {"two far apart", Joined(Cube({-1e9, 0, 0}), Cube({1e9, 1e9, 0})), {}, {}, true, 2.0, 2},
         {"inside out", insideOut, {}, Names{"inside out"}, true, -1.0, 1},
         {"a triangle missing", Without(CUBE, 5), {}, Names{"open"}, false, none, 1},
         {"a triangle missing on purpose", Without(CUBE, 5), open, {}, false, none, 1},
@@ -110,6 +116,7 @@ TEST(MeshHealth, WhatHinders)
         {"a line", line, open, Names{"collinear"}, false, none, 2},
         {"a sliver is told", sliver, open, {}, false, none, 2},
         {"a sliver hinders", sliver, strict, Names{"sliver"}, false, none, 2},
+        {"no shape factor is below 0", needle, anyShape, {}, false, none, 2},
         {"too small", PartShapes::Scaled(CUBE, 1e-7), {}, Names{"out of scale"}, true, 1e-21, 1},
         {"too large", PartShapes::Scaled(CUBE, 1e30), {}, Names{"out of scale"}, true, 1e90, 1},
         {"all one point", CUBE, all, Names{"coincident"}, false, none, 1}};

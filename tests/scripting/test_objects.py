@@ -137,7 +137,7 @@ def test_stale_handles(model, find):
 def test_commands_roots_and_constants():
     orvex.Model(name="N")
     orvex.mdb.Model("O")
-    assert list(orvex.mdb.models) == ["M", "N", "O"]
+    assert list(orvex.mdb.models) == ["M", "N", "O"] == list(reversed(orvex.mdb.models))[::-1]
     assert {"Model", "models"} <= set(dir(orvex.mdb)) and "Model" not in dir(orvex.mdb.models["N"])
     orvex_testing.add_constant("LATE_ONE")
     from orvex import LATE_ONE, ON

@@ -116,7 +116,7 @@ CORNERS, TRIANGLES = WALL
     ("fixed", (CORNERS, (ctypes.c_int * 3 * 0)()), "fixed: there is no triangle"),
     ("fixed", "no such file", "[Errno 2] No such file or directory: 'no such file'"),
     ("direction", (0, 0, 0),
-     "direction: found (0.0, 0.0, 0.0), expected three finite numbers, or an axis: +x -x +y -y +z -z"),
+     "direction: found (0.0, 0.0, 0.0), expected three finite numbers, not all 0, or an axis: +x -x +y -y +z -z"),
     ("bound", math.nan, "bound: found nan, expected a number above 0, or None"),
     ("depth", 21, "depth: found 21, expected a whole number from 1 to 20"),
     ("tree", "oak", "tree: found 'oak', expected 'oct' or 'mod'"),

@@ -99,6 +99,8 @@ TEST(Viewport, TheViewIsFittedAsItIsSeen)
     const vwr_Viewport upright(scene);
     EXPECT_DOUBLE_EQ(upright.Scale(), 0.84);
     ExpectSpot(upright.Project({0, 0, 100}).spot, 100.0, 8.0);
+    scene.freeAtRight = 150.0;
+    ExpectSpot(vwr_Viewport(scene).Project({0, 0, 100}).spot, 25.0, 8.0);
     scene.view = vwr_View();
     EXPECT_DOUBLE_EQ(vwr_Viewport(scene).Scale(), vwr_Viewport::PIXELS_PER_MM) << "all in one point";
 }

@@ -6,6 +6,7 @@ import collections.abc
 from typing import Any, NamedTuple
 
 from . import _orvex
+from ._result import Result
 from ._travel import _Bar, _Mesh, _Point
 
 
@@ -21,7 +22,7 @@ class MeshFlaw(NamedTuple):
     triangles: tuple[int, ...]
 
 
-class MeshResult:
+class MeshResult(Result):
     """What `mesh` found out; immutable, false for a mesh that is not fit for use.
 
     hindrances names what makes it unfit: names of flaws, and "inside out". triangles, points (merged), edges and
@@ -62,11 +63,6 @@ class MeshResult:
     merged_points: _orvex.Array
     merged_triangles: _orvex.Array
 
-    def __init__(self, *fields: Any) -> None:
-        """Made by `mesh`; takes the fields in their order."""
-        for name, value in zip(self.__slots__, fields, strict=True):
-            object.__setattr__(self, name, value)
-
     @property
     def fit(self) -> bool:
         return not self.hindrances
@@ -78,37 +74,8 @@ class MeshResult:
                 return entry
         raise KeyError(name)
 
-    def _fields(self) -> tuple[Any, ...]:
-        return tuple(getattr(self, name) for name in self.__slots__)
-
     def __bool__(self) -> bool:
         return self.fit
-
-    def __eq__(self, other: object) -> bool:
-        if not isinstance(other, MeshResult):
-            return NotImplemented
-        return self._fields() == other._fields()
-
-    def __hash__(self) -> int:
-        return hash(tuple(getattr(self, name) for name in self.__match_args__))
-
-    def __repr__(self) -> str:
-        return f"MeshResult({', '.join(f'{name}={getattr(self, name)!r}' for name in self.__match_args__)}, ...)"
-
-    def __reduce__(self) -> tuple[Any, ...]:
-        return MeshResult, self._fields()
-
-    def __copy__(self) -> MeshResult:
-        return self
-
-    def __deepcopy__(self, memo: object) -> MeshResult:
-        return self
-
-    def __setattr__(self, name: str, value: object) -> None:
-        raise AttributeError(f"a MeshResult is immutable: {name!r} cannot be set")
-
-    def __delattr__(self, name: str) -> None:
-        raise AttributeError(f"a MeshResult is immutable: {name!r} cannot be deleted")
 
 
 def mesh(

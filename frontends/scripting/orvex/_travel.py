@@ -8,6 +8,7 @@ import sys
 from typing import Any, Union
 
 from . import _errors, _orvex
+from ._result import Result
 
 # The name of a file, or buffers of vertices and triangles.
 _Mesh = Union[str, "os.PathLike[str]", "tuple[Any, Any]", "list[Any]"]
@@ -21,6 +22,8 @@ class MeshError(_errors.Error, ValueError):
     the file where it is known. A file that cannot be read at all raises OSError.
     """
 
+    __module__ = "orvex"
+
     def __init__(self, file: str, reason: str, line: int | None = None, byte: int | None = None) -> None:
         place = f", line {line}" if line is not None else f", byte {byte}" if byte is not None else ""
         super().__init__(f"{file}{place}: {reason}")
@@ -33,7 +36,7 @@ class MeshError(_errors.Error, ValueError):
         return type(self), (self.file, self.reason, self.line, self.byte)
 
 
-class TravelResult:
+class TravelResult(Result):
     """What `travel` found out; immutable, false when nothing is touched.
 
     state is "contact" (goes that far, then touches), "touching" or "overlapping" (where it stands), or "clear".
@@ -68,42 +71,10 @@ class TravelResult:
         skipped: tuple[int, int],
         notes: tuple[str, ...] = (),
     ) -> None:
-        values = (state, travel, pair, points, bound, tolerance, direction, skipped, notes)
-        for name, value in zip(self.__slots__, values):
-            object.__setattr__(self, name, value)
-
-    def _fields(self) -> tuple[Any, ...]:
-        return tuple(getattr(self, name) for name in self.__slots__)
+        super().__init__(state, travel, pair, points, bound, tolerance, direction, skipped, notes)
 
     def __bool__(self) -> bool:
         return self.state != "clear"
-
-    def __eq__(self, other: object) -> bool:
-        if not isinstance(other, TravelResult):
-            return NotImplemented
-        return self._fields() == other._fields()
-
-    def __hash__(self) -> int:
-        return hash(self._fields())
-
-    def __repr__(self) -> str:
-        fields = ", ".join(f"{name}={value!r}" for name, value in zip(self.__slots__, self._fields()))
-        return f"TravelResult({fields})"
-
-    def __reduce__(self) -> tuple[Any, ...]:
-        return TravelResult, self._fields()
-
-    def __copy__(self) -> TravelResult:
-        return self
-
-    def __deepcopy__(self, memo: object) -> TravelResult:
-        return self
-
-    def __setattr__(self, name: str, value: object) -> None:
-        raise AttributeError(f"a TravelResult is immutable: {name!r} cannot be set")
-
-    def __delattr__(self, name: str) -> None:
-        raise AttributeError(f"a TravelResult is immutable: {name!r} cannot be deleted")
 
 
 class _Bar:

@@ -75,10 +75,11 @@ format: ## format the sources
 	@scripts/bootstrap lint
 	git ls-files '*.h' '*.cpp' | xargs clang-format -i
 
-lint: ## check format, class lists, scripts, and run the static analyser
+lint: build ## check format, class lists, installed headers, and run the static analyser
 	@scripts/bootstrap build test lint
 	git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
 	scripts/check-classes
+	scripts/check-headers build/release
 	cmake --preset dev
 	git ls-files 'Base/*.cpp' 'KTLOxu*/*.cpp' 'frontends/*.cpp' | xargs -P$(JOBS) -n 4 clang-tidy -p build/dev --quiet --extra-arg=-Wno-unknown-warning-option
 

@@ -1,4 +1,4 @@
 #pragma once
 
-/// Marks what libKTLOxuGeom.so exports; everything else stays hidden.
+/** Marks what libKTLOxuGeom.so exports; everything else stays hidden. C reads this header too. */
 #define OXU_EXPORT __attribute__((visibility("default")))

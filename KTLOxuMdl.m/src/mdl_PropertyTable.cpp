@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cls_ClassRegistrar.h>
 #include <cls_Fields.h>
 #include <cls_TypeAdapter.h>
@@ -8,7 +7,6 @@
 #include <nex_RaiseWith.h>
 #include <omu_ValueErrorException.h>
 #include <oxu_FormatMessage.h>
-#include <ranges>
 
 namespace
 {
@@ -78,9 +76,15 @@ double mdl_PropertyTable::Interpolate(int column, double x) const
     if (std::isnan(x))
         return x;
     // The first row beyond x.
-    const auto rows = std::views::iota(0, rows_);
-    const int above =
-        *std::ranges::upper_bound(rows, x, std::less<>(), [&](int row) { return Value(row, 0); });
+    int above = 0;
+    for (int end = rows_; above < end;)
+    {
+        const int middle = above + (end - above) / 2;
+        if (x < Value(middle, 0))
+            end = middle;
+        else
+            above = middle + 1;
+    }
     if (above == 0 || above == rows_)
         return Value(above == 0 ? 0 : rows_ - 1, column);
     const double x0 = Value(above - 1, 0);

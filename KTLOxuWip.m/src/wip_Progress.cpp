@@ -56,7 +56,8 @@ bool wip_Progress::Clear()
 
 bool wip_Progress::Initialize(const atr_String& message)
 {
-    const atr_String text = message; // may be the text of a level that goes
+    // May be the text of a level that goes.
+    const atr_String text = message; // NOLINT(performance-unnecessary-copy-initialization)
     Clear();
     WriteTop().message = text;
     wip_WIP::Instance().Milestone(text);
@@ -111,7 +112,8 @@ bool wip_Progress::Update(int i, int n)
 
 bool wip_Progress::Update(const atr_String& message)
 {
-    const atr_String text = message;
+    // May be the text of a level, which a reporter may change.
+    const atr_String text = message; // NOLINT(performance-unnecessary-copy-initialization)
     wip_ProgressState& top = WriteTop();
     top.message = text;
     if (!messageOnly_)

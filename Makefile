@@ -75,11 +75,12 @@ format: ## format the sources
 	@scripts/bootstrap lint
 	git ls-files '*.h' '*.cpp' | xargs clang-format -i
 
-lint: build ## check format, class lists, installed headers, and run the static analyser
+lint: build ## check format, class lists, installed headers, scripts, and run the static analyser
 	@scripts/bootstrap build test lint
 	git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
 	scripts/check-classes
 	scripts/check-headers build/release
+	shellcheck $$(grep -lE '^#!.*\b(ba)?sh$$' .ci/run scripts/* cmake/python3-orvex/*)
 	cmake --preset dev
 	git ls-files 'Base/*.cpp' 'KTLOxu*/*.cpp' 'frontends/*.cpp' | xargs -P$(JOBS) -n 4 clang-tidy -p build/dev --quiet --extra-arg=-Wno-unknown-warning-option
 

@@ -79,10 +79,9 @@ void gsl_TriOctreeNode::Divide(const gsl_BBox& box, int maxDepth, ChildMaker mak
         return; // children are made when they are needed; those of another box are made at once
     }
     const gsl_OctreeSplit split(box);
+    // This node is divided, so Build owns the child. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
     for (int slot = 0; slot < std::min(slots, gsl_OctreeSplit::SLOTS); ++slot)
     {
-        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): this node is divided, so Build owns the
-        // child
         Build(slot, makeChild(split.SlotBox(slot), level_ + 1, slot, this), maxDepth);
     }
 }

@@ -92,18 +92,19 @@ bat_JobCommand::Answer bat_TravelCommand::Compute()
     if (draws)
     {
         const bat_Phase phase(watcher, PICTURE_SHARE / total, "drawing");
-        Draw(fixed, movable, result);
+        Draw(fixed, movable, result, watcher);
     }
     (void)wip_Progress::Instance().Update(1.0f, "done");
     return {options_.Json() ? bat_TravelJson(result) + "\n" : bat_TravelText(result),
             result.IsClear() ? bat_ExitCode::CLEAR : bat_ExitCode::CONTACT};
 }
 
-void bat_TravelCommand::Draw(const bat_Part& fixed, const bat_Part& movable, bat_TravelResult& result)
+void bat_TravelCommand::Draw(const bat_Part& fixed, const bat_Part& movable, bat_TravelResult& result,
+                             bat_Watcher& watcher)
 {
     try
     {
-        bat_TravelPicture(fixed, movable, result).Save(options_.Picture());
+        bat_TravelPicture(fixed, movable, result, watcher).Save(options_.Picture());
         result.picture = options_.Picture();
     }
     catch (const bat_InputError& error)

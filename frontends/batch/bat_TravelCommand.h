@@ -20,7 +20,7 @@ public:
 private:
     const bat_JobOptions& Options() const override { return options_; }
     Answer Compute() override;
-    void Draw(const bat_Part& fixed, const bat_Part& movable, bat_TravelResult& result);
+    void Draw(const bat_Part& fixed, const bat_Part& movable, bat_TravelResult& result, bat_Watcher& watcher);
     void Check(const bat_BruteForce& bruteForce, const bat_TravelResult& result, bat_Watcher& watcher);
 
     bat_TravelOptions options_;

@@ -12,6 +12,7 @@
 #include <bat_InputError.h>
 #include <bat_Number.h>
 #include <bat_Part.h>
+#include <bat_Task.h>
 #include <bat_TravelResult.h>
 #include <bat_TravelText.h>
 #include <limits>
@@ -150,6 +151,8 @@ void bat_TravelPicture::Save(const std::string& path) const
     vwr_Scene scene;
     scene.view = ViewAcross(result_.direction);
     scene.background = g3d_Color(g3d_White);
+    bat_Task task(watcher_, 0, 1);
+    scene.proceed = [&task] { task.Step(); };
     scene.parts.push_back(Drawn(fixed_, g3d_Grey60));
     scene.parts.push_back(Drawn(movable_, g3d_MediumBlue));
     annC_AnnotationContainer annotations;

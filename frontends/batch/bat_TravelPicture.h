@@ -3,6 +3,7 @@
 #include <string>
 
 class bat_Part;
+class bat_Watcher;
 struct bat_TravelResult;
 
 /// A travel as a picture: the fixed part grey, the movable one coloured, where it starts; the travel as an
@@ -12,12 +13,13 @@ struct bat_TravelResult;
 class bat_TravelPicture
 {
 public:
-    /// All three must outlive the object.
-    bat_TravelPicture(const bat_Part& fixed, const bat_Part& movable, const bat_TravelResult& result)
-        : fixed_(fixed), movable_(movable), result_(result)
+    /// All must outlive the object.
+    bat_TravelPicture(const bat_Part& fixed, const bat_Part& movable, const bat_TravelResult& result,
+                      bat_Watcher& watcher)
+        : fixed_(fixed), movable_(movable), result_(result), watcher_(watcher)
     {}
 
-    /// As SVG or PNG, by the suffix. Raises bat_InputError when the file cannot be written.
+    /// As SVG or PNG, by the suffix. Raises bat_InputError when the file cannot be written, bat_Interrupted.
     void Save(const std::string& path) const;
 
 private:
@@ -25,4 +27,5 @@ private:
     [[maybe_unused]] const bat_Part& fixed_;
     [[maybe_unused]] const bat_Part& movable_;
     [[maybe_unused]] const bat_TravelResult& result_;
+    [[maybe_unused]] bat_Watcher& watcher_;
 };

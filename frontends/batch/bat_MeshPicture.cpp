@@ -33,7 +33,7 @@ bool IsDark(std::size_t number)
 
 // In millimetres on the picture.
 constexpr double MARGIN = 4.0;
-constexpr double ROW = 6.4;
+constexpr double ROW = 7.4;
 constexpr double SHARES = 21.0; // from the right border to the shares of the classes
 constexpr double LEGEND = 46.0; // from the right border to the mesh
 

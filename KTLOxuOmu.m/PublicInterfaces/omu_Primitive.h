@@ -17,9 +17,8 @@ class omu_PrimVisitor;
 ///
 /// A value: whoever holds the pointer owns it. Its kind is a one-letter code, fixed by the concrete class:
 /// "i" and "f" numbers, "s" string, "l" translated string, "b" Boolean, "n" None, "x" complex, "e"
-/// expression, "t" type, "p" path, "E" exception, "c" symbolic constant, "(" sequence, "o" numeric array, "{"
-/// dictionary,
-/// "<" wrapped interface object, "W" and "L" wrapped scripting object and list.
+/// expression, "t" type, "p" path, "E" exception, "c" symbolic constant, "(" sequence, "o" numeric array,
+/// "{" dictionary, "<" wrapped interface object, "W" and "L" wrapped scripting object and list.
 ///
 /// Every object has an identity of its own: each constructor makes a new one, copying and moving included,
 /// reading takes the stored one, and assignment keeps it. Equality knows nothing of it.

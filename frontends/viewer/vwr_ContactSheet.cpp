@@ -285,18 +285,16 @@ void vwr_ContactSheet::Stacking()
         Add(text);
         at += 9.0;
     }
-    double gap = 0.0;
-    for (double y = 145.0; y > 105.0; y -= 8.0)
+    for (int row = 0; row < 5; ++row)
     {
+        const int gap = 6 * row;
+        const double y = 145.0 - 8.0 * row;
         annC_Arrow arrow = Arrow(100.0, y, 200.0, y);
         arrow.startHeadStyle = annC_ArrowHeadStyleEnm::HOLLOW_CIRCLE;
         arrow.startGap = gap;
-        arrow.endGap = 2.0 * gap;
-        Label(60.0, y,
-              "gaps " + std::to_string(static_cast<int>(gap)) + ", " +
-                  std::to_string(static_cast<int>(2.0 * gap)));
+        arrow.endGap = 2 * gap;
+        Label(60.0, y, "gaps " + std::to_string(gap) + ", " + std::to_string(2 * gap));
         Add(arrow);
-        gap += 6.0;
     }
 }
 

@@ -76,7 +76,7 @@ format: ## format the sources
 	git ls-files '*.h' '*.cpp' | xargs clang-format -i
 
 lint: build ## check format, class lists, installed headers, scripts, and run the static analyser
-	@scripts/bootstrap build test lint
+	@scripts/bootstrap test lint
 	git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
 	scripts/check-classes
 	scripts/check-headers build/release

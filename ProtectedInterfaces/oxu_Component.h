@@ -1,7 +1,7 @@
 #pragma once
 
-/// The architecture components that the library's tables name: the high half of a type id. Stored data holds
-/// these numbers, so they never change.
+/// The architecture components, whose tables their <prefix>_ArchEntry() gives: the high half of a type id.
+/// Stored data holds these numbers, so they never change.
 enum oxu_Component : unsigned short {
     oxu_ROOT = 0x0, ///< the universal root is its entry 1
     oxu_MDL = 0x0A,

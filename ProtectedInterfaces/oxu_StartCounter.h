@@ -1,6 +1,7 @@
 #pragma once
 
-/// The start counter of one module: counts calls, not starts, and tells the two calls that matter.
+/// The start counter of one module, behind its KTLOxu<Module>_initialize(int&) and
+/// KTLOxu<Module>_finalize(int&): counts calls, not starts, and tells the two calls that matter.
 ///
 /// Asymmetric on purpose: a stop without a start leaves the counter at -1, the next start reads -1, which is
 /// not zero, and does nothing; only the start after that reads 0 and really starts. Stops at 0 or below

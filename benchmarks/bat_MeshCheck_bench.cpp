@@ -8,7 +8,6 @@
 #include <cmath>
 #include <cstring>
 #include <gsl_PointMerge.h>
-#include <gsl_TriangleQuality.h>
 #include <numbers>
 
 namespace
@@ -105,19 +104,6 @@ void MergeSmallQuadratic(benchmark::State& state)
     Count(state, mesh.Length());
 }
 
-void ShapeFactors(benchmark::State& state)
-{
-    std::vector<double> factors(Million().Length());
-    for (auto _ : state)
-    {
-        for (std::size_t i = 0; i < factors.size(); ++i)
-            factors[i] = gsl_ComputeShapeFactorTri(Million().Corner(i, 0), Million().Corner(i, 1),
-                                                   Million().Corner(i, 2), false);
-        benchmark::ClobberMemory();
-    }
-    Count(state, factors.size());
-}
-
 void CornersCopied(benchmark::State& state)
 {
     const std::vector<double>& corners = Million().Coordinates();
@@ -134,6 +120,5 @@ BENCHMARK(WholeCheck)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(MergeMillion)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(MergeSmall)->Arg(10)->Arg(30)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(MergeSmallQuadratic)->Arg(10)->Arg(30)->Arg(100)->Unit(benchmark::kMillisecond);
-BENCHMARK(ShapeFactors)->Unit(benchmark::kMillisecond);
 BENCHMARK(CornersCopied)->Unit(benchmark::kMillisecond);
 }

@@ -103,6 +103,17 @@ mode_t ModeForNewFile()
     return NEW_FILE_MODE & ~static_cast<mode_t>(mask);
 }
 
+// A device or a pipe would be gone, a plain file in its place; a folder is refused by its step.
+void RequireFile(const std::string& target)
+{
+    struct stat there = {};
+    if (stat(target.c_str(), &there) == 0 && !S_ISREG(there.st_mode) && !S_ISDIR(there.st_mode))
+    {
+        errno = EINVAL;
+        Refuse("replace what is no file");
+    }
+}
+
 // The temporary file: gone with the object unless it has taken its final name.
 class Temporary
 {
@@ -140,14 +151,7 @@ public:
     void Install()
     {
         struct stat old = {};
-        const bool isThere = stat(target_.c_str(), &old) == 0;
-        // A device, a pipe: it would be gone, a plain file in its place.
-        if (isThere && !S_ISREG(old.st_mode) && !S_ISDIR(old.st_mode))
-        {
-            errno = EINVAL;
-            Refuse("replace what is no file");
-        }
-        const mode_t mode = isThere ? old.st_mode & 07777 : ModeForNewFile();
+        const mode_t mode = stat(target_.c_str(), &old) == 0 ? old.st_mode & 07777 : ModeForNewFile();
         if (fchmod(file_.Number(), mode) != 0)
             Refuse("set the permissions");
         if (Again([&] { return fsync(file_.Number()); }) != 0)
@@ -174,6 +178,7 @@ private:
 void bio_WriteWholeFile(const std::string& path, std::span<const std::span<const unsigned char>> pieces)
 {
     const std::string target = Resolved(path);
+    RequireFile(target);
     Temporary temporary(target);
     for (const std::span<const unsigned char> piece : pieces)
         temporary.Write(piece);

@@ -1,12 +1,13 @@
 #pragma once
 
+#include <DDB_DeepCopyPtr.h>
 #include <cls_DeclaredAdapter.h>
 #include <cls_ObjectSink.h>
 
 #include <utility>
 
 /// A sink for attributes that own each of their objects alone. `put` is called with a std::unique_ptr<T> in
-/// stored order, empty for null. A second reference to a stored body receives a T::Copy() of it.
+/// stored order, empty for null. A second reference to a stored body receives a deep copy of it.
 template <class T, class F>
 class cls_CopySink final : public cls_ObjectSink
 {
@@ -26,7 +27,7 @@ public:
         if (dynamic_cast<T*>(object.get()) == nullptr)
             return false;
         std::unique_ptr<T> own(dynamic_cast<T*>(object.release()));
-        shared = std::shared_ptr<const T>(CopyOf(*own));
+        shared = std::shared_ptr<const T>(DDB_DeepCopyPtr(own.get()));
         put_(std::move(own));
         return true;
     }
@@ -35,15 +36,10 @@ public:
         const auto* former = std::any_cast<std::shared_ptr<const T>>(&shared);
         if (former == nullptr)
             return false;
-        put_(CopyOf(**former));
+        put_(DDB_DeepCopyPtr(former->get()));
         return true;
     }
 
 private:
-    static std::unique_ptr<T> CopyOf(const T& object)
-    {
-        return std::unique_ptr<T>(static_cast<T*>(object.Copy()));
-    }
-
     F put_;
 };

@@ -2,7 +2,7 @@
 
 void cow_HashIndex::Reserve(int count)
 {
-    table_.Reserve(count);
+    table_.Reserve(static_cast<std::size_t>(count));
 }
 
 void cow_HashIndex::Add(std::size_t hash, int position) noexcept

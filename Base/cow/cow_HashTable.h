@@ -8,16 +8,16 @@
 /// is the one that is never an item.
 ///
 /// An open table with linear probing, at most half full, over a vector. It holds the items and 32 bits of
-/// their hash, never the keys: the caller says which of the items offered is the one sought. Every operation
-/// takes constant time on the average.
+/// their hash, never the keys: the caller says which of the items offered is the one sought. Add, Remove and
+/// Find take constant time on the average.
 template <class Item, Item None>
 class cow_HashTable
 {
 public:
     /// Makes room for `count` items, so that Add cannot throw until then.
-    void Reserve(int count)
+    void Reserve(std::size_t count)
     {
-        const std::size_t wanted = 2 * static_cast<std::size_t>(count);
+        const std::size_t wanted = 2 * count;
         if (wanted <= slots_.size())
             return;
         std::size_t size = 16;

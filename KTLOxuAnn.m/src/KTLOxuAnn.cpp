@@ -5,11 +5,12 @@
 #include <annC_AnnotationContainer.h>
 #include <annC_ArchEntry.h>
 #include <annC_Arrow.h>
+#include <annC_Enumerations.h>
 #include <annC_NamedAnchor.h>
 #include <annC_Point3DAnchor.h>
-#include <annC_RegisterConstants.h>
 #include <annC_Text.h>
 #include <annC_ViewportAnchor.h>
+#include <omu_SymbolicConstantTable.h>
 #include <oxu_Component.h>
 #include <oxu_DeclareClasses.h>
 #include <oxu_StartCounter.h>
@@ -26,6 +27,13 @@ constexpr oxu_ClassDeclaration CLASSES[] = {
     {&annC_Point3DAnchor::InitializeMetadata, 7}, {&annC_Anchor::InitializeMetadata, 7},
     {&annC_Text::InitializeMetadata, 7},          {&annC_AnnotationContainer::InitializeMetadata, 1},
 };
+
+// Every name of these gets an id in the symbolic-constant table, where it has none.
+constexpr const omu_EnumEntry* CONSTANTS[] = {
+    omu_PrimEnum<annC_RelativePositionEnm, 1>::table, omu_PrimEnum<annC_ArrowHeadStyleEnm, 1>::table,
+    omu_PrimEnum<annC_LineThicknessEnm, 1>::table,    omu_PrimEnum<annC_LineStyleEnm, 1>::table,
+    omu_PrimEnum<annC_BackgroundStyleEnm, 1>::table,  omu_PrimEnum<annC_JustificationEnm, 1>::table,
+};
 }
 
 void KTLOxuAnn_initialize(int& running)
@@ -34,7 +42,8 @@ void KTLOxuAnn_initialize(int& running)
         return;
     typ_ArchCompTable::InsertEntry(oxu_ANN, annC_ArchEntry());
     oxu_DeclareClasses(CLASSES);
-    annC_RegisterConstants();
+    for (const omu_EnumEntry* table : CONSTANTS)
+        omu_SymbolicConstantTable::Instance().AddNames(table);
 }
 
 void KTLOxuAnn_finalize(int& running)

@@ -2,6 +2,7 @@
 #include <cls_ReadVisitor.h>
 #include <cls_WriteVisitor.h>
 #include <cow_Map.h>
+#include <functional>
 #include <nex_PrimException.h>
 #include <nex_Raise.h>
 #include <nex_RaiseWith.h>
@@ -11,11 +12,6 @@ namespace
 {
 constexpr const char* SOURCE = "KTLOxuAnn.m/src/annC_MapString2AnnotationCowImpl";
 constexpr const char* NOT_ONE = "no annotation, or more than one, is called %s";
-
-std::size_t HashOf(int id)
-{
-    return static_cast<std::size_t>(id);
-}
 }
 
 annC_MapString2AnnotationCowImpl::annC_MapString2AnnotationCowImpl(
@@ -196,7 +192,7 @@ annC_MapString2AnnotationCowImpl::Node* annC_MapString2AnnotationCowImpl::NodeOf
 
 annC_MapString2AnnotationCowImpl::Node* annC_MapString2AnnotationCowImpl::NodeOf(int id) const
 {
-    return byId_.Find(HashOf(id), [id](const Node* node) { return node->id == id; });
+    return byId_.Find(std::hash<int>()(id), [id](const Node* node) { return node->id == id; });
 }
 
 const annC_Annotation* annC_MapString2AnnotationCowImpl::Seen(const Node* node)
@@ -211,19 +207,19 @@ annC_Annotation* annC_MapString2AnnotationCowImpl::Taken(Node* node)
 
 void annC_MapString2AnnotationCowImpl::Reserve(unsigned count)
 {
-    byName_.Reserve(static_cast<int>(count));
-    byId_.Reserve(static_cast<int>(count));
+    byName_.Reserve(count);
+    byId_.Reserve(count);
 }
 
 void annC_MapString2AnnotationCowImpl::Enter(Node* node) noexcept
 {
     byName_.Add(node->pair.name.Hash(), node);
-    byId_.Add(HashOf(node->id), node);
+    byId_.Add(std::hash<int>()(node->id), node);
 }
 
 void annC_MapString2AnnotationCowImpl::Drop(Node* node) noexcept
 {
     byName_.Remove(node->pair.name.Hash(), node);
-    byId_.Remove(HashOf(node->id), node);
+    byId_.Remove(std::hash<int>()(node->id), node);
     list_.Remove(node);
 }

@@ -21,8 +21,9 @@ public:
 
     /// The four bytes, from the most significant down, are red, green, blue and alpha.
     void Set(unsigned int rgba);
-    /// Reads "#RRGGBB", hexadecimal, in either case. Text without "#" changes nothing. A channel takes up to
-    /// two digits; from the first channel without a digit on they are 0; what follows the third is ignored.
+    /// Reads what "#%02X%02X%02X" writes, red, green and blue, in either case. Text without "#" changes
+    /// nothing. A channel takes up to two digits; from the first channel without a digit on they are 0; what
+    /// follows the third is ignored.
     void Set(const cow_String& text, float alpha);
     void Set(const g3d_Color& color, float alpha);
     /// Raises nex_RangeException for a number that is no preset.

@@ -106,12 +106,13 @@ public:
     /// True for a triangle edge-on to the direction; another one that faces against it is reversed in place
     /// when reverse is set.
     bool ValidateTriangle(gsl_Triangle& triangle, bool reverse) const;
-    /// One pair, by the method that the slopes of the two planes ask for. Does not read the edge-on flags.
+    /// One pair, the movable T_m in its plane P_m and the fixed T_f in its plane P_f, by the method that the
+    /// slopes of the two planes ask for. Does not read the edge-on flags.
     bool FindDirDistBetweenTriangles(const gsl_Triangle& movable, const gsl_Plane& movablePlane,
                                      const gsl_Triangle& fixed, const gsl_Plane& fixedPlane,
                                      double& distance);
-    /// Projects a along dir onto b's plane and looks there for overlap: a's corners in b, b's corners in a,
-    /// crossing edges. For triangles of which b is not edge-on to dir.
+    /// Projects a along dir onto P_B, the plane of b, and looks there for overlap: a's corners in b, b's
+    /// corners in a, crossing edges. For triangles of which b is not edge-on to dir.
     bool FindDirDistBetTriAndTri(const gsl_Triangle& a, const gsl_Triangle& b, const gsl_Plane& planeOfB,
                                  const gsl_Vector& dir, double& distance);
     /// For two triangles edge-on to the direction: in one plane, or meeting on the line that their planes

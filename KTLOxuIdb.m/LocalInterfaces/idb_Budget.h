@@ -12,6 +12,7 @@ public:
 
     /// What goes beyond raises idb_MementoException "... limit exceeded: allocation budget".
     void Charge(std::uint64_t bytes);
+    /// bytesEach is above 0.
     void Charge(std::uint64_t count, std::uint64_t bytesEach);
 
 private:

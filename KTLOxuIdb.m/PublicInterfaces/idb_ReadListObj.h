@@ -51,5 +51,5 @@ private:
     std::vector<std::uint32_t> numbers_;
     int cursor_ = -1;
     unsigned heldTypeId_ = 0; // class of the shared body read last; 0 for none
-    std::vector<unsigned> reported_;
+    std::vector<unsigned> reported_; // classes that were asked for their hook, or will be
 };

@@ -28,5 +28,5 @@ void idb_Budget::Charge(std::uint64_t bytes)
 
 void idb_Budget::Charge(std::uint64_t count, std::uint64_t bytesEach)
 {
-    Charge(bytesEach != 0 && count > WIDEST / bytesEach ? WIDEST : count * bytesEach);
+    Charge(count > WIDEST / bytesEach ? WIDEST : count * bytesEach);
 }

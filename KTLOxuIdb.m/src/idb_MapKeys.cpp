@@ -22,8 +22,8 @@ cow_String KeyText(int key)
 template <class K>
 const K* FindRepeated(const cow_List<K>& keys)
 {
-    const auto rises = [](const K& a, const K& b) { return !(a < b); };
-    if (std::adjacent_find(keys.begin(), keys.end(), rises) == keys.end())
+    const auto risesNot = [](const K& a, const K& b) { return !(a < b); };
+    if (std::adjacent_find(keys.begin(), keys.end(), risesNot) == keys.end())
         return nullptr;
     cow_HashIndex index;
     index.Reserve(keys.Length());

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <new>
 
 namespace
 {
@@ -36,7 +35,10 @@ void idb_ReadListObj::ReadObjCow(cls_ObjectSink& sink)
     memento_.ReadObjPtr(number, sink);
     const unsigned typeId = memento_.TypeIdOf(number);
     if (std::find(reported_.begin(), reported_.end(), typeId) == reported_.end() && memento_.IsShared(number))
+    {
+        reported_.push_back(typeId);
         heldTypeId_ = typeId;
+    }
 }
 
 std::uint32_t idb_ReadListObj::Number() const
@@ -47,17 +49,11 @@ std::uint32_t idb_ReadListObj::Number() const
 }
 
 void idb_ReadListObj::Release() noexcept
-try
 {
     const unsigned typeId = std::exchange(heldTypeId_, 0);
-    if (typeId == 0 || std::find(reported_.begin(), reported_.end(), typeId) != reported_.end())
+    if (typeId == 0)
         return;
     const cls_ClassRegistrar& registrar = cls_MetadataRegistrar::Instance().Registrar();
-    reported_.push_back(typeId);
     if (registrar.FindDtor(typeId) == nullptr)
         std::fprintf(stderr, NO_DTOR, registrar.NameOf(typeId).AsCharPtr());
-}
-catch (const std::bad_alloc&)
-{
-    // A warning for which there is no memory is none.
 }

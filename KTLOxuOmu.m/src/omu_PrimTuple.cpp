@@ -1,3 +1,4 @@
+#include <DDB_DeepCopyPtr.h>
 #include <algorithm>
 #include <cls_ClassRegistrar.h>
 #include <cls_ReadVisitor.h>
@@ -132,7 +133,7 @@ omu_PrimTuple::omu_PrimTuple(const omu_PrimArray& values, char kind) : omu_PrimT
 omu_PrimTuple::omu_PrimTuple(const cow_List<const omu_Primitive*>& values, char kind) : omu_PrimTuple(kind)
 {
     for (const omu_Primitive* value : values)
-        Put(value != nullptr ? value->Copy() : nullptr);
+        Put(DDB_DeepCopyPtr(value).release());
 }
 
 omu_PrimTuple::omu_PrimTuple(const omu_PrimVector::Items& values, char kind) : omu_PrimTuple(kind)
@@ -210,7 +211,7 @@ void omu_PrimTuple::TakeItems(const omu_PrimTuple& other)
 
 omu_Primitive* omu_PrimTuple::Index(int index) const
 {
-    return View(index, [](const omu_Primitive* item) { return item != nullptr ? item->Copy() : nullptr; });
+    return View(index, [](const omu_Primitive* item) { return DDB_DeepCopyPtr(item).release(); });
 }
 
 omu_PrimTuple* omu_PrimTuple::Slice(int from, int to) const

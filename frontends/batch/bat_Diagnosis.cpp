@@ -170,7 +170,7 @@ std::vector<Row> Machine(const bat_Console& console)
     (void)uname(&system);
     return {{"system", std::string(system.sysname) + " " + system.release, ""},
             {"processor", system.machine, ""},
-            {"CRC instruction", bio_Crc32cHasInstruction(), "used for the checksums of mementos"},
+            {"checksum instruction", bio_Crc32cHasInstruction(), "used for the checksums of mementos"},
             {"C locale", std::setlocale(LC_ALL, nullptr), "results do not depend on it"},
             {"C++ locale", std::locale().name(), "results do not depend on it"},
             {"terminal", console.errIsTerminal, "the error stream draws a bar"},

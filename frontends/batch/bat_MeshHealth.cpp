@@ -10,14 +10,6 @@ const char* bat_MeshHealth::Name(Flaw flaw)
     return NAMES[flaw];
 }
 
-std::size_t bat_MeshHealth::Degenerate() const
-{
-    std::size_t sum = 0;
-    for (std::size_t flaw = 0; flaw < DEGENERATE; ++flaw)
-        sum += findings[flaw].count;
-    return sum;
-}
-
 std::vector<std::size_t> bat_MeshHealth::LargestGroups() const
 {
     std::vector<std::size_t> largest(std::min(groupSizes.size(), question.named));

@@ -56,7 +56,7 @@ struct bat_MeshHealth
     bat_MeshQuestion question;
     gsl_BBox box;
     double area = 0.0;
-    bool closed = false;          ///< no edge is open
+    bool closed = false;          ///< there are edges, and none is open
     std::optional<double> volume; ///< of a closed mesh whose triangles are turned alike; below 0 inside out
 
     std::vector<std::array<double, 3>> points;           ///< merged
@@ -76,7 +76,6 @@ struct bat_MeshHealth
     double meanFactor = 0.0;
 
     std::size_t Corners() const { return 3 * triangles.size(); }
-    std::size_t Degenerate() const;
     /// The sizes of the largest groups, falling, as many as the question names.
     std::vector<std::size_t> LargestGroups() const;
     bool IsInsideOut() const { return volume && *volume < 0.0; }

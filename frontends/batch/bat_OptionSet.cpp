@@ -36,10 +36,7 @@ void bat_OptionSet::Value(const std::string& name, std::string& value, const std
 void bat_OptionSet::Value(const std::string& name, std::optional<std::string>& value, const std::string& text,
                           const Traits& traits)
 {
-    const std::function<void(const std::string&)> read = [&value](const std::string& given) {
-        value = given;
-    };
-    Describe(*app_.add_option_function(name, read, text), traits);
+    Describe(*app_.add_option(name, value, text), traits);
 }
 
 void bat_OptionSet::Values(const std::string& name, std::vector<std::string>& values, const std::string& text,

@@ -7,11 +7,10 @@
 namespace CLI
 {
 class App;
-class Option;
 }
 
-/// The options of one subcommand. What they are read into must outlive the parsing. Only what stands behind
-/// this class knows CLI11, which is slow to compile.
+/// The options of one subcommand. What they are read into must outlive the parsing. With it no subcommand
+/// need include CLI11, which is slow to compile.
 class bat_OptionSet
 {
 public:

@@ -11,8 +11,7 @@
 #include <string>
 #include <vector>
 
-/// One of the two parts: the triangles of a file or of a caller's arrays, and the octree over them that the
-/// search walks.
+/// A part: the triangles of a file or of a caller's arrays, and the octree over them that a search walks.
 ///
 /// Raises bat_MeshError for coordinates that cannot be computed with. Arrays may change while they are in
 /// use; then answers are wrong, or bat_MeshError says what became of a coordinate.

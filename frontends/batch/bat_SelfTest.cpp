@@ -31,20 +31,19 @@ void Require(bool holds, const std::string& fault)
 }
 
 /// Classes that the modules register when they start; who adds a class to a module counts it here.
-constexpr int REGISTERED = 74;
+constexpr std::size_t REGISTERED = 74;
 
 void CheckRegistration()
 {
     const cls_MetadataRegistrar& metadata = cls_MetadataRegistrar::Instance();
-    int registered = 0;
     for (const cls_MetadataLogEntry& entry : metadata.Log())
     {
         const cls_ClassMetadata* record = metadata.Registrar().Find(entry.name);
         Require(record != nullptr && record->TypeId() == entry.typeId &&
                     typ_ArchCompTable::Find(entry.typeId) != nullptr,
                 "class " + std::string(entry.name.View()) + " is not found again");
-        ++registered;
     }
+    const std::size_t registered = metadata.Log().size();
     Require(registered == REGISTERED, "the modules registered " + std::to_string(registered) +
                                           " classes, not " + std::to_string(REGISTERED));
 }

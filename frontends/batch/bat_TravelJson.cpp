@@ -9,11 +9,6 @@ namespace
 {
 constexpr const char* SCHEMA = "orvex.travel/1";
 
-std::string Quoted(const std::string& text)
-{
-    return bat_JsonText(text);
-}
-
 std::string Triple(double x, double y, double z)
 {
     return "[" + bat_NumberText(x) + "," + bat_NumberText(y) + "," + bat_NumberText(z) + "]";
@@ -22,7 +17,7 @@ std::string Triple(double x, double y, double z)
 std::string Part(const bat_TravelResult::Side& side)
 {
     const bool touches = side.triangle >= 0;
-    return "{\"file\":" + Quoted(side.file) + ",\"triangles\":" + std::to_string(side.triangles) +
+    return "{\"file\":" + bat_JsonText(side.file) + ",\"triangles\":" + std::to_string(side.triangles) +
            ",\"triangle\":" + (touches ? std::to_string(side.triangle) : "null") +
            ",\"point\":" + (touches ? Triple(side.point[0], side.point[1], side.point[2]) : "null") + "}";
 }
@@ -31,7 +26,7 @@ std::string Part(const bat_TravelResult::Side& side)
 std::string bat_TravelJson(const bat_TravelResult& result)
 {
     const gsl_Vector& u = result.direction;
-    return "{\"schema\":" + Quoted(SCHEMA) + ",\"state\":" + Quoted(result.StateName()) +
+    return "{\"schema\":" + bat_JsonText(SCHEMA) + ",\"state\":" + bat_JsonText(result.StateName()) +
            ",\"travel\":" + (result.IsClear() ? "null" : bat_NumberText(result.travel)) + ",\"bound\":" +
            (result.bound == bat_TravelResult::UNLIMITED ? "null" : bat_NumberText(result.bound)) +
            ",\"tolerance\":" + bat_NumberText(result.tolerance) +
@@ -39,6 +34,6 @@ std::string bat_TravelJson(const bat_TravelResult& result)
            ",\"movable\":" + Part(result.movable) +
            ",\"skipped\":{\"degenerate\":" + std::to_string(result.degenerate) +
            ",\"outside\":" + std::to_string(result.outside) + "}" +
-           (result.picture.empty() ? "" : ",\"picture\":" + Quoted(result.picture)) +
-           ",\"version\":" + Quoted(BAT_VERSION) + "}";
+           (result.picture.empty() ? "" : ",\"picture\":" + bat_JsonText(result.picture)) +
+           ",\"version\":" + bat_JsonText(BAT_VERSION) + "}";
 }

@@ -56,10 +56,7 @@ bat_MeshQuestion QuestionOf(const py::object& tolerance, const py::object& slive
     question.sliversHinder = !sliver.is_none();
     if (question.sliversHinder)
         question.sliver = SliverOf(sliver);
-    const int truth = PyObject_IsTrue(open.ptr());
-    if (truth < 0)
-        throw py::error_already_set();
-    question.open = truth > 0;
+    question.open = py::bool_(open);
     question.named = WorstOf(worst);
     return question;
 }

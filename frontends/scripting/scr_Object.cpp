@@ -53,6 +53,8 @@ cow_List<cow_String> CommandsOf(const omu_InterfaceObj& root)
         std::string_view name = command.View();
         if (name.starts_with(prefix))
             name.remove_prefix(prefix.size());
+        else if (omu_CommandTable::Instance().HasCommand(cow_String(prefix + std::string(name))))
+            continue; // it hides this one
         if (name.find('.') == name.npos)
             names.Append(cow_String(name));
     }

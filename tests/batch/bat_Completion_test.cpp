@@ -7,11 +7,11 @@
 #include <bat_Registry.h>
 #include <bat_Subcommand.h>
 #include <bat_ZshCompletion.h>
-#include <batch/Outcome.h>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <set>
+#include <testing/DriverOutcome.h>
 #include <testing/ProgramRun.h>
 #include <testing/ScratchFolder.h>
 
@@ -46,7 +46,7 @@ protected:
     }
 
     const ScratchFolder folder_;
-    const std::string script_ = folder_.Write("script", Outcome({"completion", "bash"}).substr(2));
+    const std::string script_ = folder_.Write("script", DriverOutcome({"completion", "bash"}).substr(2));
     const std::string part_ = folder_.Write("part one.off", "");
 };
 
@@ -85,7 +85,7 @@ TEST_F(Bash, OffersTheOptionsOfEverySubcommand)
 {
     for (const auto& command : bat_Registry())
     {
-        std::istringstream help(Outcome({command->Name(), "--help"}));
+        std::istringstream help(DriverOutcome({command->Name(), "--help"}));
         std::set<std::string> options;
         for (std::string line; std::getline(help, line);)
             if (line.starts_with("  -"))
@@ -113,14 +113,14 @@ TEST(Completion, ScriptsAreSound)
     EXPECT_THAT(zsh, testing::HasSubstr("'*:MANY:_files'"));
     for (const auto& [shell, file] :
          {std::pair("/bin/bash", bash), std::pair("/bin/zsh", folder.Write("zsh", zsh)),
-          std::pair("/bin/zsh", folder.Write("orvex.zsh", Outcome({"completion", "zsh"}).substr(2)))})
+          std::pair("/bin/zsh", folder.Write("orvex.zsh", DriverOutcome({"completion", "zsh"}).substr(2)))})
     {
         if (!std::filesystem::exists(shell))
             continue;
         ProgramRun run({shell, "-n", file});
         EXPECT_EQ(run.Finish().Code(), 0) << run.Err();
     }
-    EXPECT_EQ(Outcome({"completion", "fish"}),
+    EXPECT_EQ(DriverOutcome({"completion", "fish"}),
               "2\norvex: SHELL: fish not in {bash,zsh} (see orvex completion --help)\n");
 }
 }

@@ -3,7 +3,6 @@
 #include <bat_ClassTree.h>
 #include <bat_CodeName.h>
 #include <bat_DoctorCommand.h>
-#include <batch/Outcome.h>
 #include <cls_MetadataRegistrar.h>
 #include <cstdlib>
 #include <gmock/gmock.h>
@@ -13,6 +12,7 @@
 #include <omu_EnvSwitches.h>
 #include <set>
 #include <stdexcept>
+#include <testing/DriverOutcome.h>
 #include <testing/LibraryGuard.h>
 
 using testing::HasSubstr;
@@ -25,14 +25,14 @@ using Json = nlohmann::ordered_json;
 Json Answer(std::vector<std::string> words)
 {
     words.push_back("--json");
-    return Json::parse(Outcome(words).substr(2));
+    return Json::parse(DriverOutcome(words).substr(2));
 }
 
 TEST(Doctor, TellsWhatIsInForceHereAndThatAllIsWell)
 {
     setenv(omu_EnvSwitches::DBG_CMDHISTORYADD, "a\033", 1);
     const Json json = Answer({"doctor"});
-    const std::string text = Outcome({"doctor"});
+    const std::string text = DriverOutcome({"doctor"});
     unsetenv(omu_EnvSwitches::DBG_CMDHISTORYADD);
 
     const Json& environment = json["environment"];
@@ -92,17 +92,17 @@ TEST(Classes, TheTreeHoldsTheRegistry)
 
 TEST(Classes, WhatIsShown)
 {
-    EXPECT_EQ(Outcome({"classes", "omu_PrimEnumBase"}),
+    EXPECT_EQ(DriverOutcome({"classes", "omu_PrimEnumBase"}),
               "0\n"
               "  omu_Primitive       0x00130011   514  abstract\n"
               "      .type  CHAR 1\n"
               ">   omu_PrimEnum      0x0013001B   514  concrete, in its table omu_PrimEnumBase\n"
               "        .stringValue  STRING 11\n"
               "      omu_OnOffConst  0x00130025   800  concrete\n");
-    EXPECT_EQ(Outcome({"classes", "omu_PrimEnum"}), Outcome({"classes", "omu_PrimEnumBase"}));
-    EXPECT_THAT(Outcome({"classes", "mdl_Prop1DArrayListFloat"}),
+    EXPECT_EQ(DriverOutcome({"classes", "omu_PrimEnum"}), DriverOutcome({"classes", "omu_PrimEnumBase"}));
+    EXPECT_THAT(DriverOutcome({"classes", "mdl_Prop1DArrayListFloat"}),
                 HasSubstr("\n      .lengths  OBJECT 15, LIST_INT 54, cow_List\n"));
-    EXPECT_EQ(Outcome({"classes", "omu_TrueFalseConst", "--brief"}),
+    EXPECT_EQ(DriverOutcome({"classes", "omu_TrueFalseConst", "--brief"}),
               "0\n"
               "  omu_Primitive           0x00130011   514  abstract\n"
               "    omu_PrimEnum          0x0013001B   514  concrete, in its table omu_PrimEnumBase\n"
@@ -116,16 +116,16 @@ TEST(Classes, WhatIsShown)
 
 TEST(Classes, AnUnknownNameIsRefusedWithTheNearest)
 {
-    EXPECT_EQ(Outcome({"classes", "primnumbr"}),
+    EXPECT_EQ(DriverOutcome({"classes", "primnumbr"}),
               "3\norvex: there is no class primnumbr. Did you mean \"omu_PrimNumber\"?\n");
-    EXPECT_EQ(Outcome({"classes", "g3d_Pointt"}),
+    EXPECT_EQ(DriverOutcome({"classes", "g3d_Pointt"}),
               "3\norvex: there is no class g3d_Pointt. Did you mean \"g3d_Point\"?\n");
-    EXPECT_EQ(Outcome({"classes", "x"}), "3\norvex: there is no class x.\n");
+    EXPECT_EQ(DriverOutcome({"classes", "x"}), "3\norvex: there is no class x.\n");
 }
 
 TEST(Path, WhatIsShown)
 {
-    EXPECT_EQ(Outcome({"path", "session.openOdb('a.odb').steps['S-1']"}),
+    EXPECT_EQ(DriverOutcome({"path", "session.openOdb('a.odb').steps['S-1']"}),
               "0\n"
               "canonical session.odbs['a.odb'].steps['S-1']\n"
               "generic   session.openOdb('a.odb').steps[name]\n"
@@ -158,6 +158,6 @@ TEST(Path, WhatIsNoneIsRefusedAtItsPlace)
                 {"a.", "character 3: a name is missing"},
                 {"a.b-c", "character 4: no name holds \"-\""}};
     for (const auto& [path, fault] : rows)
-        EXPECT_EQ(Outcome({"path", path}), std::string("3\norvex: ") + path + ", " + fault + "\n");
+        EXPECT_EQ(DriverOutcome({"path", path}), std::string("3\norvex: ") + path + ", " + fault + "\n");
 }
 }

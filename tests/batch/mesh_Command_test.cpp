@@ -1,6 +1,5 @@
 // `orvex mesh` from end to end.
 
-#include <batch/Outcome.h>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -8,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 #include <sys/stat.h>
+#include <testing/DriverOutcome.h>
 #include <testing/MeshWriter.h>
 #include <testing/PartShapes.h>
 #include <testing/ProgramRun.h>
@@ -24,7 +24,7 @@ protected:
     std::string Outcome(std::vector<std::string> words) const
     {
         words.insert(words.begin(), "mesh");
-        return ::Outcome(words);
+        return DriverOutcome(words);
     }
 
     ScratchFolder folder_;
@@ -35,7 +35,8 @@ protected:
 TEST_F(MeshCommand, EveryExitCode)
 {
     EXPECT_THAT(Outcome({cube_, "--quiet", "--check"}), testing::StartsWith("0\nfile "));
-    EXPECT_THAT(Outcome({cube_, "--check"}), HasSubstr("orvex: check: the quadratic operations agree\n"));
+    EXPECT_THAT(Outcome({cube_, "--check"}),
+                HasSubstr("orvex: check: the quadratic operations agree\n"));
     EXPECT_THAT(Outcome({sheet_, "--quiet"}),
                 testing::AllOf(testing::StartsWith("1\n"), testing::EndsWith("fit for use: 3 open edges\n")));
     EXPECT_THAT(Outcome({sheet_, "--quiet", "--open", "--worst", "1"}),

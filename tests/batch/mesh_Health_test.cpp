@@ -9,6 +9,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+#include <numeric>
+#include <optional>
 #include <random>
 #include <testing/PartShapes.h>
 

@@ -1,6 +1,7 @@
 // The index against the geometry's quadratic merging.
 
 #include <bat_PointIndex.h>
+#include <cmath>
 #include <gsl_PointMerge.h>
 #include <gtest/gtest.h>
 #include <random>

@@ -3,7 +3,8 @@
 
 check_pages.py texts            files shown whole or in part, links between pages, every example on some page
 check_pages.py output FILE COMMAND...
-                                what COMMAND prints is the block that some page shows as the output of FILE
+                                what COMMAND prints is the block that some page shows as the output of FILE, and it
+                                ends well
 check_pages.py console PAGE PROGRAM
                                 every `$ orvex ...` of the page's console blocks prints what stands below it
 
@@ -72,18 +73,19 @@ def differs(what, printed, shown):
 
 
 def run(command):
-    """Standard output; where the programs run, examples/ is there and files may be left."""
+    """The finished process; where the programs run, examples/ is there and files may be left."""
     with tempfile.TemporaryDirectory() as folder:
         (pathlib.Path(folder) / "examples").symlink_to(TOP / "examples")
-        return subprocess.run(command, cwd=folder, stdout=subprocess.PIPE, text=True, check=False).stdout
+        return subprocess.run(command, cwd=folder, stdout=subprocess.PIPE, text=True, check=False)
 
 
 def output(path, *command):
     shown = [text for _, shown_path, text in marked("output of") if shown_path == path]
     if not shown:
         return [f"no page shows what {path} prints"]
-    printed = run(command)
-    return [fault for text in shown for fault in differs(path, printed, text)]
+    done = run(command)
+    faults = [f"{path} ended with {done.returncode}"] if done.returncode else []
+    return faults + [fault for text in shown for fault in differs(path, done.stdout, text)]
 
 
 def console(page, program):
@@ -92,7 +94,7 @@ def console(page, program):
     for block in CONSOLE.findall((TOP / page).read_text()):
         for command, shown in re.findall(r"^\$ orvex (.*)\n((?:(?!\$ ).*\n)*)", block, re.M):
             commands += 1
-            faults += differs(f"orvex {command}", run([program, *shlex.split(command)]), shown)
+            faults += differs(f"orvex {command}", run([program, *shlex.split(command)]).stdout, shown)
     return faults if commands else [f"{page} has no command"]
 
 

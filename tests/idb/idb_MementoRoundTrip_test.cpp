@@ -353,8 +353,8 @@ TEST_F(Memento, WhatCannotComeBackIsRefusedByName)
 // asked for first.
 TEST_F(Memento, LimitsOfWriterAndReaderAgree)
 {
-    Value inner(new omu_PrimString("text"));
-    const auto write = [&](const idb_MementoLimits& limits) {
+    const auto write = [](const idb_MementoLimits& limits) {
+        Value inner(new omu_PrimString("text"));
         idb_MementoWrite memento(limits);
         for (const char* name : {"a", "b", "c"})
         {
@@ -372,7 +372,6 @@ TEST_F(Memento, LimitsOfWriterAndReaderAgree)
         {
             idb_MementoLimits limits;
             limits.*member = value;
-            inner = Value(new omu_PrimString("text"));
             Bytes bytes;
             if (orvex_testing::Raised<idb_MementoException>([&] { bytes = write(limits); }) !=
                 "nothing was raised")

@@ -2,12 +2,11 @@
 
 from __future__ import annotations
 
-import collections.abc
 from typing import Any, NamedTuple
 
 from . import _orvex
 from ._result import Result
-from ._travel import _Bar, _Mesh, _Point
+from ._travel import _Mesh, _Point, _Progress, _told
 
 
 class MeshFlaw(NamedTuple):
@@ -81,7 +80,7 @@ class MeshResult(Result):
 def mesh(
     part: _Mesh,
     tolerance: float = 0.0,
-    progress: collections.abc.Callable[[float, str], object] | bool | None = None,
+    progress: _Progress = None,
     *,
     sliver: float | None = None,
     open: bool = False,
@@ -97,14 +96,8 @@ def mesh(
 
     progress, threads and Ctrl-C are as in `travel`.
     """
-    if progress is True:
-        bar = _Bar()
-        try:
-            return mesh(part, tolerance, bar, sliver=sliver, open=open, worst=worst)
-        finally:
-            bar.close()
-    told = None if progress is False else progress
-    fields = list(_orvex._mesh(part, tolerance, told, sliver, open, worst))
+    with _told(progress) as told:
+        fields = list(_orvex._mesh(part, tolerance, told, sliver, open, worst))
     at = MeshResult.__match_args__.index("flaws")
     fields[at] = tuple(MeshFlaw(*entry) for entry in fields[at])
     return MeshResult(*fields)

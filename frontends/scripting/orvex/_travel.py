@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import collections.abc
+import contextlib
 import os
 import sys
 from typing import Any, Union
@@ -13,6 +14,7 @@ from ._result import Result
 # The name of a file, or buffers of vertices and triangles.
 _Mesh = Union[str, "os.PathLike[str]", "tuple[Any, Any]", "list[Any]"]
 _Point = tuple[float, float, float]
+_Progress = Union[collections.abc.Callable[[float, str], object], bool, None]
 
 
 class MeshError(_errors.Error, ValueError):
@@ -104,12 +106,25 @@ class _Bar:
             self._stream.write("\n")
 
 
+@contextlib.contextmanager
+def _told(progress: _Progress) -> collections.abc.Iterator[collections.abc.Callable[[float, str], object] | None]:
+    """Whom a job tells its progress: a bar for True, nobody for False and None, else the callable."""
+    if progress is not True:
+        yield progress or None
+        return
+    bar = _Bar()
+    try:
+        yield bar
+    finally:
+        bar.close()
+
+
 def travel(
     fixed: _Mesh,
     movable: _Mesh,
     direction: collections.abc.Sequence[float] | str,
     bound: float | None = None,
-    progress: collections.abc.Callable[[float, str], object] | bool | None = None,
+    progress: _Progress = None,
     *,
     depth: int = 7,
     tree: str = "oct",
@@ -131,11 +146,5 @@ def travel(
 
     Other threads run meanwhile. On the main thread Ctrl-C raises KeyboardInterrupt within a tenth of a second.
     """
-    if progress is True:
-        bar = _Bar()
-        try:
-            return travel(fixed, movable, direction, bound, bar, depth=depth, tree=tree)
-        finally:
-            bar.close()
-    told = None if progress is False else progress
-    return TravelResult(*_orvex._travel(fixed, movable, direction, bound, told, depth, tree))
+    with _told(progress) as told:
+        return TravelResult(*_orvex._travel(fixed, movable, direction, bound, told, depth, tree))

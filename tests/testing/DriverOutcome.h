@@ -7,7 +7,7 @@
 #include <vector>
 
 /// Runs the driver inside this process: exit code, standard output and standard error, one behind the other.
-inline std::string Outcome(const std::vector<std::string>& words)
+inline std::string DriverOutcome(const std::vector<std::string>& words)
 {
     std::ostringstream out;
     std::ostringstream err;
